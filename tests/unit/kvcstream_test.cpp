@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "kvcstream.h"
+
+namespace {
+
+class TempDir {
+public:
+    TempDir() {
+        char pattern[] = "/tmp/kvcstreamXXXXXX";
+        m_dir = mkdtemp(pattern);
+    }
+    ~TempDir() { std::system(("rm -rf " + m_dir).c_str()); }
+    kvString path(const char* name) const { return kvString(m_dir.c_str()) + "/" + name; }
+private:
+    std::string m_dir;
+};
+
+std::string readFile(const kvString& name) {
+    std::string text;
+    if (FILE* f = fopen(name.c_str(), "rb")) {
+        char buf[4096];
+        size_t n;
+        while ((n = fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
+        fclose(f);
+    }
+    return text;
+}
+
+// Collects what the identical-row check says through g_ostrm.
+class WarningLog {
+public:
+    explicit WarningLog(const TempDir& dir) : m_name(dir.path("log.txt")) {
+        m_level = g_ostrm.getOutLevel();
+        g_ostrm.addStream(m_name, false);
+        g_ostrm.setOutLevel(3);
+    }
+    ~WarningLog() {
+        g_ostrm.close();
+        g_ostrm.setOutLevel(m_level);
+    }
+    std::string text() const { return readFile(m_name); }
+private:
+    kvString m_name;
+    OutputLevel m_level;
+};
+
+std::string warning(int a, int b) {
+    return " Performance table warning:\n Lines " + std::to_string(a) + " & " + std::to_string(b) +
+           " have identical parameters\n";
+}
+
+TEST(KvCStream, RowsArePaddedWithPlaceholders) {
+    TempDir dir;
+    kvCStream s;
+    ASSERT_TRUE(s.addStream(dir.path("t.csv"), false));
+    s << "a" << "b" << "c";
+    s.lineOut(5);
+    s << "a" << "" << 7 << "\n";  // a lone line feed ends the row
+    s << "x\n";                   // merely ending in one: a normal cell
+    EXPECT_EQ(1, s.getColmCount());
+    s.tableFlush();
+    s.setColm(2, "third");
+    EXPECT_EQ(0, s.getColmCount());
+    s.lineOut(3);  // a cell past the column count is not written
+    s.setColm(2, "third");
+    s.setColmCount(3);
+    s.lineOut(0);
+    EXPECT_EQ("a,b,c,-,-\na,-,7\n-,-,-\n-,-,third\n", readFile(dir.path("t.csv")));
+    EXPECT_EQ(4, s.getLineCount());
+}
+
+TEST(KvCStream, CellsBeyond32AreDropped) {
+    kvCStream s;
+    for (int i = 0; i < 33; ++i) s << i;
+    EXPECT_EQ(32, s.getColmCount());
+    kvString cell;
+    ASSERT_TRUE(s.getColm(31, cell));
+    EXPECT_STREQ("31", cell.c_str());
+    EXPECT_FALSE(s.getColm(32, cell));
+    s.setColm(32, "ignored");
+    s.setColm(-1, "ignored");
+}
+
+TEST(KvCStream, AppendKeepsOldRowsButCountsFromZero) {
+    TempDir dir;
+    {
+        kvCStream first;
+        ASSERT_TRUE(first.addStream(dir.path("t.csv"), false));
+        first << "old" << "\n";
+    }
+    kvCStream s;
+    ASSERT_TRUE(s.addStream(dir.path("t.csv"), true));
+    EXPECT_EQ(0, s.getLineCount());
+    s << "new" << "\n";
+    EXPECT_EQ("old\nnew\n", readFile(dir.path("t.csv")));
+    EXPECT_FALSE(s.addStream(dir.path("no/dir.csv"), false));
+}
+
+TEST(KvCStream, IdenticalRowsNamedByLineNumber) {
+    TempDir dir;
+    WarningLog log(dir);
+    kvCStream s;
+    ASSERT_TRUE(s.addStream(dir.path("t.csv"), false));
+    s << "title" << "\n";
+    s.identicalLinesStart(2);
+    s << "1" << "2" << "10" << "\n";
+    s << "1" << "3" << "11" << "\n";
+    s << "1" << "2" << "12" << "\n";  // equal to line 2 in the check columns
+    s << "1" << "2" << "13" << "\n";  // a third equal row is not named
+    EXPECT_TRUE(s.identicalLinesStop());
+    EXPECT_EQ(warning(2, 4), log.text());
+    EXPECT_FALSE(s.identicalLinesStop());  // the check is off after a stop
+
+    s.identicalLinesStart(2);
+    EXPECT_FALSE(s.identicalLinesStop());  // nothing stored
+}
+
+TEST(KvCStream, CheckWidthIsAtMost32AndWorksWithoutFiles) {
+    TempDir dir;
+    WarningLog log(dir);
+    kvCStream s;  // no file: rows are forgotten, lines still count
+    s.identicalLinesStart(40);
+    for (int row = 0; row < 2; ++row) {
+        for (int i = 0; i < 31; ++i) s << "p";
+        s << row;  // the rows differ in column 32 only
+        s.lineOut(0);
+    }
+    EXPECT_FALSE(s.identicalLinesStop());
+    s.identicalLinesStart(40);
+    for (int row = 0; row < 2; ++row) {
+        for (int i = 0; i < 32; ++i) s << "p";
+        s.lineOut(0);
+    }
+    EXPECT_TRUE(s.identicalLinesStop());
+    EXPECT_EQ(warning(3, 4), log.text());
+}
+
+TEST(KvCStream, PostponedRowsComeLastAndAreChecked) {
+    TempDir dir;
+    WarningLog log(dir);
+    kvCStream s;
+    ASSERT_TRUE(s.addStream(dir.path("t.csv"), false));
+    s.identicalLinesStart(1);
+    s << "dep" << "1";
+    s.linePostpone();
+    EXPECT_EQ("", readFile(dir.path("t.csv")));
+    EXPECT_EQ(0, s.getColmCount());
+    s << "reg" << "2" << "\n";
+    s.linePostponeOut(3);
+    EXPECT_EQ("reg,2\ndep,1,-\n", readFile(dir.path("t.csv")));
+    EXPECT_EQ(2, s.getLineCount());
+    s.linePostponeOut(3);  // the store is empty again
+    EXPECT_EQ(2, s.getLineCount());
+    s << "dep" << "\n";
+    EXPECT_TRUE(s.identicalLinesStop());  // the postponed row took line 2
+    EXPECT_EQ(warning(2, 3), log.text());
+}
+
+TEST(KvCStream, StoreHoldsRowsColumnByColumn) {
+    kvStringList store[KV_CSTREAM_COLUMNS];
+    kvString row[KV_CSTREAM_COLUMNS];
+    row[0] = "a";
+    row[31] = "z";
+    addStore(store, row);
+    row[0] = "b";
+    addStore(store, row);
+    EXPECT_EQ(2, getStoreCount(store));
+    kvList<kvString>::iterator cursors[KV_CSTREAM_COLUMNS];
+    resetStoreIterator(store, cursors);
+    kvString out[KV_CSTREAM_COLUMNS];
+    ASSERT_TRUE(getStoreNext(store, out, cursors));
+    EXPECT_STREQ("a", out[0].c_str());
+    EXPECT_STREQ("z", out[31].c_str());
+    ASSERT_TRUE(getStoreNext(store, out, cursors));
+    EXPECT_STREQ("b", out[0].c_str());
+    EXPECT_FALSE(getStoreNext(store, out, cursors));
+    EXPECT_TRUE(kvCStream::identicalColms(row, out, 32));
+    out[5] = "x";
+    EXPECT_TRUE(kvCStream::identicalColms(row, out, 5));
+    EXPECT_FALSE(kvCStream::identicalColms(row, out, 6));
+    EXPECT_TRUE(kvCStream::identicalColms(row, out, 0));
+    clearStore(store);
+    EXPECT_EQ(0, getStoreCount(store));
+}
+
+}  // namespace
