@@ -1,0 +1,53 @@
+// Argument checks shared by the signal functions. Each returns vdlStsNoErr
+// or the negative status of the fault, so that a function can write
+//     if (VdlStatus s = vdl::firstError({vdl::checkPtrs({src, dst}), vdl::checkLen(len)}))
+//         return s;
+#ifndef VDL_COMMON_ARGCHECK_H
+#define VDL_COMMON_ARGCHECK_H
+
+#include <initializer_list>
+
+#include "vdlcore.h"
+
+#pragma GCC visibility push(hidden)
+
+namespace vdl {
+
+inline VdlStatus checkPtrs(std::initializer_list<const void*> ptrs)
+{
+    for (const void* p : ptrs)
+        if (p == nullptr)
+            return vdlStsNullPtrErr;
+    return vdlStsNoErr;
+}
+
+inline VdlStatus checkLen(int len)
+{
+    return len > 0 ? vdlStsNoErr : vdlStsSizeErr;
+}
+
+inline VdlStatus checkSize(int width, int height)
+{
+    return width > 0 && height > 0 ? vdlStsNoErr : vdlStsSizeErr;
+}
+
+// A row step in elements must cover the row it steps over.
+inline VdlStatus checkStep(int step, int width)
+{
+    return step >= width ? vdlStsNoErr : vdlStsStepErr;
+}
+
+// The first error in argument order; warnings do not stop a call.
+inline VdlStatus firstError(std::initializer_list<VdlStatus> statuses)
+{
+    for (VdlStatus s : statuses)
+        if (s < 0)
+            return s;
+    return vdlStsNoErr;
+}
+
+} // namespace vdl
+
+#pragma GCC visibility pop
+
+#endif

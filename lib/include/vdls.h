@@ -1,0 +1,28 @@
+/* Signal functions of the Vdl Primitives, with their memory and version
+ * calls. C linkage throughout. */
+#ifndef VDLS_H
+#define VDLS_H
+
+#include "vdlcore.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Version record of this library; static storage, never null. */
+const VdlLibraryVersion* vdlsGetLibVersion(void);
+
+/* Memory for library data, aligned to 64 bytes. Null for len < 1 or when no
+ * memory is left. Release with vdlsFree. */
+void* vdlsMalloc_8u(int len);
+
+/* Releases memory from vdlsMalloc_8u; a null pointer is ignored. */
+void vdlsFree(void* ptr);
+
+/* ---- Signal function families, one block per family ---- */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

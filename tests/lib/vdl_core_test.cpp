@@ -1,0 +1,185 @@
+#include <unistd.h>
+
+#include <climits>
+#include <cstring>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "vdlcore.h"
+#include "vdlsr.h"
+
+namespace {
+
+const VdlStatus allStatuses[] = {
+    vdlStsLogNegArgWrn, vdlStsLogZeroArgWrn, vdlStsDivByZeroWrn, vdlStsGenericCodeWrn,
+    vdlStsNoErr, vdlStsErr, vdlStsNullPtrErr, vdlStsSizeErr, vdlStsStepErr, vdlStsBadArgErr,
+    vdlStsNoMemErr, vdlStsCpuNotSupportedErr, vdlStsCpuTypeErr, vdlStsNumThreadsErr,
+    vdlStsNoCacheInfoErr, vdlStsDivByZeroErr, vdlStsOutOfRangeErr, vdlStsContextMatchErr};
+
+const VdlCpuType allCpuTypes[] = {
+    vdlCpuUnknown, vdlCpuGen5, vdlCpuGen5Mmx, vdlCpuGen6, vdlCpuGen6Mmx, vdlCpuGen6Ssx,
+    vdlCpuDeepSse2, vdlCpuDeepSse2Tandem, vdlCpuDeepSse3, vdlCpuMobileSse2, vdlCpuMobileSse3,
+    vdlCpuMobileSse3Dual, vdlCpuEmbeddedSsx, vdlCpuEmbeddedSse2, vdlCpuDeepSse3Wide64,
+    vdlCpuWideSsse3, vdlCpuWideSsse3Quad, vdlCpuWideSse41, vdlCpuLowPowerMovbe,
+    vdlCpuWideSse42, vdlCpuNextAvx, vdlCpuSsx, vdlCpuSse2, vdlCpuSse3, vdlCpuSsse3,
+    vdlCpuSse41, vdlCpuSse42, vdlCpuAvx, vdlCpuAvx2, vdlCpuWide64};
+
+// The compiler's own processor detection is the independent judge here.
+VdlCpuType expectedLevel()
+{
+    if (__builtin_cpu_supports("avx2")) return vdlCpuAvx2;
+    if (__builtin_cpu_supports("avx")) return vdlCpuAvx;
+    if (__builtin_cpu_supports("sse4.2")) return vdlCpuSse42;
+    if (__builtin_cpu_supports("sse4.1")) return vdlCpuSse41;
+    if (__builtin_cpu_supports("ssse3")) return vdlCpuSsse3;
+    if (__builtin_cpu_supports("sse3")) return vdlCpuSse3;
+    return vdlCpuSse2;  // every 64-bit processor has it
+}
+
+int onlineProcessors()
+{
+    return static_cast<int>(sysconf(_SC_NPROCESSORS_ONLN));
+}
+
+} // namespace
+
+TEST(VdlStatusString, EveryCodeHasItsOwnText)
+{
+    const std::string unknown = vdlGetStatusString(12345);
+    std::set<std::string> seen;
+    for (VdlStatus s : allStatuses) {
+        const char* text = vdlGetStatusString(s);
+        ASSERT_NE(text, nullptr) << s;
+        EXPECT_GT(std::strlen(text), 0u) << s;
+        EXPECT_NE(text, unknown) << s;
+        EXPECT_TRUE(seen.insert(text).second) << "text repeated for " << s;
+        EXPECT_NE(s, -2) << "-2 stands for a missing library";
+    }
+}
+
+TEST(VdlStatusString, UnknownCodesShareTheGenericText)
+{
+    const std::string unknown = vdlGetStatusString(12345);
+    EXPECT_FALSE(unknown.empty());
+    for (VdlStatus s : {-2, 5, -15, INT_MIN, INT_MAX})
+        EXPECT_EQ(unknown, vdlGetStatusString(s)) << s;
+}
+
+TEST(VdlCpu, CacheSizeIsPlausible)
+{
+    int size = -1;
+    ASSERT_EQ(vdlGetMaxCacheSizeB(&size), vdlStsNoErr);
+    EXPECT_GE(size, 32 * 1024);
+    EXPECT_LE(size, 1024 * 1024 * 1024);
+    const long l2 = sysconf(_SC_LEVEL2_CACHE_SIZE);
+    if (l2 > 0) {
+        EXPECT_GE(size, l2);
+    }
+}
+
+TEST(VdlCpu, CacheSizeRefusesNullPointer)
+{
+    EXPECT_LT(vdlGetMaxCacheSizeB(nullptr), 0);
+}
+
+TEST(VdlCpu, CoresOnDieAtLeastOne)
+{
+    EXPECT_GE(vdlGetNumCoresOnDie(), 1);
+}
+
+TEST(VdlCpu, TypeIsTheHighestExtensionLevel)
+{
+    EXPECT_EQ(vdlGetCpuType(), expectedLevel());
+}
+
+TEST(VdlDispatch, InitSelectsTheDetectedType)
+{
+    EXPECT_EQ(vdlInit(), vdlStsNoErr);
+    EXPECT_EQ(vdlGetEnabledCpuType(), vdlGetCpuType());
+}
+
+TEST(VdlDispatch, InitCpuAcceptsRunnableTypes)
+{
+    const VdlCpuType runnable[] = {vdlCpuUnknown, vdlCpuGen5, vdlCpuSsx, vdlCpuSse2,
+                                   vdlCpuWide64, vdlCpuDeepSse3Wide64, vdlGetCpuType()};
+    for (VdlCpuType t : runnable) {
+        EXPECT_EQ(vdlInitCpu(t), vdlStsNoErr) << t;
+        EXPECT_EQ(vdlGetEnabledCpuType(), t);
+    }
+    vdlInit();
+}
+
+TEST(VdlDispatch, InitCpuFollowsTheProcessorsExtensions)
+{
+    const struct { VdlCpuType type; bool runs; } cases[] = {
+        {vdlCpuSse3, expectedLevel() >= vdlCpuSse3},
+        {vdlCpuWideSse41, expectedLevel() >= vdlCpuSse41},
+        {vdlCpuSse42, expectedLevel() >= vdlCpuSse42},
+        {vdlCpuNextAvx, expectedLevel() >= vdlCpuAvx},
+        {vdlCpuAvx2, expectedLevel() >= vdlCpuAvx2},
+        {vdlCpuLowPowerMovbe, __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("movbe")},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(vdlInitCpu(c.type), c.runs ? vdlStsNoErr : vdlStsCpuNotSupportedErr) << c.type;
+    vdlInit();
+}
+
+TEST(VdlDispatch, InitCpuRefusesUnknownCodesAndKeepsSelection)
+{
+    ASSERT_EQ(vdlInitCpu(vdlCpuSse2), vdlStsNoErr);
+    for (VdlCpuType t : {-1, 12, 15, 18, 31, 39, 63, 72, 95, 97, 1000, INT_MIN}) {
+        EXPECT_EQ(vdlInitCpu(t), vdlStsCpuTypeErr) << t;
+        EXPECT_EQ(vdlGetEnabledCpuType(), vdlCpuSse2);
+    }
+    vdlInit();
+}
+
+TEST(VdlDispatch, EveryDeclaredTypeIsKnown)
+{
+    for (VdlCpuType t : allCpuTypes)
+        EXPECT_NE(vdlInitCpu(t), vdlStsCpuTypeErr) << t;
+    vdlInit();
+}
+
+TEST(VdlThreads, AcceptsOneToOnlineProcessors)
+{
+    const int online = onlineProcessors();
+    int n = 0;
+    EXPECT_EQ(vdlSetNumThreads(online), vdlStsNoErr);
+    ASSERT_EQ(vdlGetNumThreads(&n), vdlStsNoErr);
+    EXPECT_EQ(n, online);
+    EXPECT_EQ(vdlSetNumThreads(1), vdlStsNoErr);
+    vdlGetNumThreads(&n);
+    EXPECT_EQ(n, 1);
+}
+
+TEST(VdlThreads, RefusesOutOfRangeAndKeepsCount)
+{
+    ASSERT_EQ(vdlSetNumThreads(1), vdlStsNoErr);
+    for (int bad : {0, -1, INT_MIN, onlineProcessors() + 1}) {
+        EXPECT_EQ(vdlSetNumThreads(bad), vdlStsNumThreadsErr) << bad;
+        int n = 0;
+        vdlGetNumThreads(&n);
+        EXPECT_EQ(n, 1);
+    }
+    EXPECT_EQ(vdlGetNumThreads(nullptr), vdlStsNullPtrErr);
+}
+
+TEST(VdlVersion, RecordsAreFilledAndDistinct)
+{
+    const VdlLibraryVersion* s = vdlsGetLibVersion();
+    const VdlLibraryVersion* sr = vdlsrGetLibVersion();
+    ASSERT_NE(s, nullptr);
+    ASSERT_NE(sr, nullptr);
+    for (const VdlLibraryVersion* v : {s, sr}) {
+        ASSERT_NE(v->Name, nullptr);
+        ASSERT_NE(v->Version, nullptr);
+        ASSERT_NE(v->BuildDate, nullptr);
+        EXPECT_GT(std::strlen(v->Name), 0u);
+        EXPECT_GT(std::strlen(v->Version), 0u);
+        EXPECT_EQ(std::strlen(v->BuildDate), 11u) << v->BuildDate;  // "Mmm dd yyyy"
+    }
+    EXPECT_STRNE(s->Name, sr->Name);
+}

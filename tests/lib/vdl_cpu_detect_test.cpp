@@ -1,0 +1,173 @@
+// Processor detection against recorded CPUID answers, for the makers and
+// generations that this machine cannot show.
+#include <map>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "vdlcachesize.h"
+#include "vdlcputypes.h"
+
+namespace {
+
+using vdl::CpuidRegs;
+
+// Answers only what it was given. Like real processors, a request above the
+// largest basic function repeats the data of the highest one.
+class RecordedCpuid : public vdl::CpuidSource {
+public:
+    RecordedCpuid(unsigned maxBasic, unsigned maxExtended)
+    {
+        set(0, 0, {maxBasic, 0, 0, 0});
+        set(0x80000000u, 0, {maxExtended, 0, 0, 0});
+    }
+
+    void set(unsigned function, unsigned sub, CpuidRegs r) { m_leaves[{function, sub}] = r; }
+
+    CpuidRegs query(unsigned function, unsigned sub) const override
+    {
+        const unsigned maxBasic = m_leaves.at({0, 0}).eax;
+        if (function < 0x80000000u && function > maxBasic)
+            function = maxBasic;
+        const auto it = m_leaves.find({function, sub});
+        return it == m_leaves.end() ? CpuidRegs() : it->second;
+    }
+
+    unsigned long long xcr0() const override { return m_xcr0; }
+
+    unsigned long long m_xcr0 = 0;
+
+private:
+    std::map<std::pair<unsigned, unsigned>, CpuidRegs> m_leaves;
+};
+
+// One function 4 (or 0x8000001D) subleaf: type, level, and the geometry.
+CpuidRegs cacheLeaf(unsigned type, unsigned level, unsigned ways, unsigned sets)
+{
+    const unsigned line = 64, partitions = 1;
+    return {type | (level << 5), ((ways - 1) << 22) | ((partitions - 1) << 12) | (line - 1),
+            sets - 1, 0};
+}
+
+int largest(const RecordedCpuid& cpu)
+{
+    return vdl::largestCacheSize(vdl::CpuidView(cpu));
+}
+
+} // namespace
+
+TEST(VdlCacheDetect, DeterministicLeafSkipsInstructionCaches)
+{
+    RecordedCpuid cpu(4, 0x80000008u);
+    cpu.set(4, 0, cacheLeaf(1, 1, 8, 64));          // 32 KiB data
+    cpu.set(4, 1, cacheLeaf(2, 1, 16, 16384));      // 16 MiB instruction: ignored
+    cpu.set(4, 2, cacheLeaf(3, 2, 16, 1024));       // 1 MiB unified
+    cpu.set(4, 3, cacheLeaf(3, 3, 16, 8192));       // 8 MiB unified
+    cpu.set(4, 5, cacheLeaf(3, 4, 16, 65536));      // behind the type-0 end: ignored
+    EXPECT_EQ(largest(cpu), 8 * 1024 * 1024);
+}
+
+TEST(VdlCacheDetect, SecondMakerUsesExtendedLeafOnlyWithTopologyFlag)
+{
+    RecordedCpuid cpu(0x10, 0x8000001Fu);           // function 4 answers zeros
+    cpu.set(0x8000001Du, 0, cacheLeaf(1, 1, 8, 64));
+    cpu.set(0x8000001Du, 1, cacheLeaf(3, 3, 16, 32768));
+    cpu.set(0x80000006u, 0, {0, 0, 512u << 16, 0});  // legacy: 512 KiB L2
+    EXPECT_EQ(largest(cpu), 512 * 1024);
+    cpu.set(0x80000001u, 0, {0, 0, 1u << 22, 0});
+    EXPECT_EQ(largest(cpu), 32 * 1024 * 1024);
+}
+
+TEST(VdlCacheDetect, LegacyExtendedLeafTakesTheLargerLevel)
+{
+    RecordedCpuid cpu(1, 0x80000006u);
+    cpu.set(0x80000006u, 0, {0, 0, 1024u << 16, 12u << 18});  // 1 MiB L2, 6 MiB L3
+    EXPECT_EQ(largest(cpu), 6 * 1024 * 1024);
+}
+
+TEST(VdlCacheDetect, DescriptorsBelowFunctionFour)
+{
+    // Largest function 2: the request for function 4 repeats function 2's
+    // answer and must not be decoded as a cache leaf.
+    RecordedCpuid cpu(2, 0);
+    cpu.set(2, 0, {0x002C4301u, 0x0000007Du, 0x80000049u, 0x00000000u});
+    // 0x43 (512 KiB) and 0x7D (2 MiB) count; 0x49 sits in an invalid register.
+    EXPECT_EQ(largest(cpu), 2 * 1024 * 1024);
+}
+
+TEST(VdlCacheDetect, DescriptorRulesForCountByteAndInstructionCaches)
+{
+    RecordedCpuid cpu(2, 0);
+    cpu.set(2, 0, {0x000030ECu, 0, 0, 0});  // 0xEC is the count byte; 0x30 an L1I
+    EXPECT_EQ(largest(cpu), 0);
+    cpu.set(2, 0, {0x00000001u, 0x0C0A0000u, 0, 0});
+    EXPECT_EQ(largest(cpu), 16 * 1024);
+}
+
+TEST(VdlCacheDetect, DescriptorTableIsLargestFirst)
+{
+    int count = 0;
+    const vdl::CacheDescriptor* table = vdl::cacheDescriptors(&count);
+    EXPECT_EQ(count, 70);
+    for (int i = 1; i < count; ++i)
+        EXPECT_GE(table[i - 1].size, table[i].size) << i;
+}
+
+TEST(VdlCacheDetect, NothingReportedGivesZero)
+{
+    EXPECT_EQ(largest(RecordedCpuid(1, 0)), 0);
+}
+
+TEST(VdlCoresDetect, FromFunctionFourOrExtendedCount)
+{
+    RecordedCpuid orvan(4, 0x80000008u);
+    orvan.set(4, 0, {1u | (7u << 26), 0, 0, 0});
+    orvan.set(0x80000008u, 0, {0, 0, 0x3Fu, 0});
+    EXPECT_EQ(vdl::coresOnDie(vdl::CpuidView(orvan)), 8);
+
+    RecordedCpuid second(0x10, 0x80000008u);
+    second.set(0x80000008u, 0, {0, 0, 0x0Fu, 0});
+    EXPECT_EQ(vdl::coresOnDie(vdl::CpuidView(second)), 16);
+
+    EXPECT_EQ(vdl::coresOnDie(vdl::CpuidView(RecordedCpuid(2, 0))), 1);
+}
+
+TEST(VdlTypeDetect, AvxNeedsTheStateSavedByTheOs)
+{
+    RecordedCpuid cpu(7, 0x80000001u);
+    const unsigned edx = (1u << 23) | (1u << 25) | (1u << 26);
+    const unsigned ecx = 1u | (1u << 9) | (1u << 19) | (1u << 20) | (1u << 27) | (1u << 28);
+    cpu.set(1, 0, {0, 0, ecx, edx});
+    cpu.set(7, 0, {0, 1u << 5, 0, 0});
+    cpu.m_xcr0 = 0x3;  // XMM saved, YMM not
+    const unsigned features = vdl::detectFeatures(vdl::CpuidView(cpu));
+    EXPECT_EQ(vdl::classify(features), vdlCpuSse42);
+    unsigned need = 0;
+    ASSERT_TRUE(vdl::requiredFeatures(vdlCpuNextAvx, &need));
+    EXPECT_FALSE(vdl::hasAll(features, need));
+
+    cpu.m_xcr0 = 0x7;
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx2);
+}
+
+TEST(VdlTypeDetect, LadderStopsAtTheFirstMissingLevel)
+{
+    RecordedCpuid cpu(1, 0x80000001u);
+    // SSE3 and SSE4.1 without SSSE3: the level is SSE3.
+    cpu.set(1, 0, {0, 0, 1u | (1u << 19), (1u << 23) | (1u << 25) | (1u << 26)});
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuSse3);
+
+    RecordedCpuid bare(1, 0x80000001u);
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(bare))), vdlCpuUnknown);
+    bare.set(0x80000001u, 0, {0, 0, 0, 1u << 29});
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(bare))), vdlCpuWide64);
+}
+
+TEST(VdlTypeDetect, ModelTypesNeedTheirOwnExtensions)
+{
+    unsigned need = 0;
+    ASSERT_TRUE(vdl::requiredFeatures(vdlCpuLowPowerMovbe, &need));
+    EXPECT_FALSE(vdl::hasAll(vdl::levelAvx2, need));  // MOVBE is not part of a level
+    EXPECT_TRUE(vdl::hasAll(vdl::levelSsse3 | vdl::featMovbe, need));
+    EXPECT_FALSE(vdl::requiredFeatures(39, &need));
+}
