@@ -1,0 +1,119 @@
+// The session: a whole run in one process, file naming, the signal file, the
+// library hooks and the registration functions.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+
+#include "kv/kvsession.h"
+#include "kvtest.h"
+#include "kvtestlist.h"
+#include "kvticker.h"
+
+namespace {
+
+std::string readFile(const std::string& path) {
+    std::ifstream in(path);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+kvResult steadyLoop(int loops, long long* clocks) {
+    *clocks = 250LL * loops;
+    return KV_OK;
+}
+
+TEST(KvSessionRun, PlainTestRunsEndToEnd) {
+    kvCpuTicker::setFreq(1000);
+    char dir[] = "/tmp/kvsession_XXXXXX";
+    std::string base = mkdtemp(dir);
+    std::string log = base + "/log.txt";
+    g_ostrm.addStream(log.c_str(), false);
+
+    kvRegTest(new kvTest(steadyLoop, (funcStat)0, "plainTest", "tests/p_plain_au", "TimPlain"));
+    pSession = new kvSession;
+    std::string exe = base + "/kelvar";
+    char* argv[] = {const_cast<char*>(exe.c_str()), nullptr};
+    int code = pSession->run(1, argv);
+    EXPECT_EQ(0, code);
+    EXPECT_EQ(nullptr, pTestList);  // deleted at the end of the run
+    g_ostrm.flush();
+
+    std::string text = readFile(log);
+    EXPECT_NE(std::string::npos, text.find("| CPU      : "));
+    EXPECT_NE(std::string::npos, text.find("| Test     : Timing"));
+    EXPECT_NE(std::string::npos, text.find("| Function  : plainTest"));
+    EXPECT_NE(std::string::npos, text.find("| -OK         plainTest"));
+    EXPECT_NE(std::string::npos, text.find("| -OK         __kvOrvanCpu"));
+    EXPECT_NE(std::string::npos, text.find("| .Number of tests : 2"));
+    EXPECT_NE(std::string::npos, text.find("| .Successes       : 2"));
+    // Sorted: the pseudo-test's name sorts before "plainTest".
+    EXPECT_LT(text.find("-OK         __kvOrvanCpu"), text.find("-OK         plainTest"));
+}
+
+TEST(KvSessionPaths, DirectoriesAreRelativeToTheExecutable) {
+    kvSession::m_exePath = "/opt/kv/bin/kelvar";
+    EXPECT_STREQ("/opt/kv/bin/", kvSession::genDirName("").c_str());
+    EXPECT_STREQ("/opt/kv/bin/out/", kvSession::genDirName("out").c_str());
+    EXPECT_STREQ("/opt/kv/bin/out/", kvSession::genDirName("out/").c_str());
+    EXPECT_STREQ("/abs/", kvSession::genDirName("/abs").c_str());
+    EXPECT_STREQ("C:\\x\\", kvSession::genDirName("C:\\x\\").c_str());
+    kvSession::m_exePath = "kelvar";
+    EXPECT_STREQ("", kvSession::genDirName("").c_str());
+}
+
+TEST(KvSessionPaths, FileNamesTakeTheirEnding) {
+    kvSession s;
+    kvSession::m_exePath = "/opt/kv/bin/kelvar.exe";
+    s.setOutDir("");
+    s.setDefName("");
+    EXPECT_STREQ("kelvar", kvSession::m_defName.c_str());
+    EXPECT_STREQ("/opt/kv/bin/kelvar_sum.csv", kvSession::genOutPath("", "_sum.csv").c_str());
+    EXPECT_STREQ("/opt/kv/bin/foo_sum.csv", kvSession::genOutPath("foo", "_sum.csv").c_str());
+    EXPECT_STREQ("/opt/kv/bin/foo.csv", kvSession::genOutPath("foo.csv", "_sum.csv").c_str());
+    EXPECT_STREQ("/opt/kv/bin/./r", kvSession::genOutPath("./r", ".csv").c_str());
+    EXPECT_STREQ("/tmp/a", kvSession::genOutPath("/tmp/a", ".csv").c_str());
+    s.setOutDir("/out");
+    EXPECT_STREQ("/out/x.txt", kvSession::getOutPath("x.txt").c_str());
+    EXPECT_STREQ("/out/x.txt", kvSession::getOutPath("/out/x.txt").c_str());
+    s.setDefName("title");
+    EXPECT_STREQ("/out/title.ini", kvSession::genOutPath("", ".ini").c_str());
+}
+
+TEST(KvSessionSignal, SignalFileHoldsElapsedAndEndTime) {
+    char dir[] = "/tmp/kvsignal_XXXXXX";
+    std::string path = std::string(mkdtemp(dir)) + "/run.end";
+    kvSession s;
+    s.outputSignal();  // no name: nothing, and no crash without a list
+    s.setSglName(path.c_str());
+    s.outputSignal();
+    std::string text = readFile(path);
+    EXPECT_EQ(0u, text.find("00:00:00\n"));
+    EXPECT_EQ("\n\n", text.substr(text.size() - 2));
+}
+
+TEST(KvSessionHooks, FallbacksMarkTheMissingLibrary) {
+    vdl_Init = 0;
+    vdl_GetStatusString = 0;
+    kvBindVdlFallbacks();
+    EXPECT_EQ(-2, vdl_Init());
+    EXPECT_EQ(-2, vdl_InitCpu(3));
+    EXPECT_EQ(-2, vdl_SetNumThreads(2));
+    EXPECT_STREQ("Error", vdl_GetStatusString(-5));
+    EXPECT_STREQ("OK", vdl_GetStatusString(0));
+    EXPECT_STREQ("Warning", vdl_GetStatusString(3));
+}
+
+TEST(KvSessionRegistration, LibraryInfoDropsRepeats) {
+    EXPECT_EQ(1, kvRegLibInfo("lib, 1.0, today"));
+    EXPECT_EQ(0, kvRegLibInfo("lib, 1.0, today"));
+    EXPECT_EQ(0, kvRegLibFunc(""));
+    EXPECT_EQ(1, kvRegLibFunc("vdlsX_32f"));
+    EXPECT_EQ(1, kvRegCmdLine("-B"));
+    EXPECT_STREQ(" -B", pCmdLine->c_str());
+}
+
+}  // namespace

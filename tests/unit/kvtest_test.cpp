@@ -1,0 +1,259 @@
+// The life of a test: one pass without parameters, the odometer, failures and
+// warnings of single sets, faults inside a measured function, number formats.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+
+#include "kv/kvsession.h"
+#include "kvconditions.h"
+#include "kvcstream.h"
+#include "kvparameter.h"
+#include "kvtest.h"
+#include "kvticker.h"
+
+namespace {
+
+std::string readFile(const std::string& path) {
+    std::ifstream in(path);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+// Captures what g_ostrm and g_cstrm write during one test of this file.
+class Capture {
+public:
+    Capture() {
+        static int n = 0;
+        char dir[] = "/tmp/kvtest_XXXXXX";
+        m_dir = mkdtemp(dir);
+        m_text = m_dir + "/log" + std::to_string(n) + ".txt";
+        m_table = m_dir + "/table" + std::to_string(n++) + ".csv";
+        g_ostrm.addStream(m_text.c_str(), false);
+        g_cstrm.addStream(m_table.c_str(), false);
+    }
+    ~Capture() {
+        // Detach our two files (the last ones of each list) and close them.
+        detach(g_ostrm);
+        detach(g_cstrm);
+    }
+    std::string text() { g_ostrm.flush(); return readFile(m_text); }
+    std::string table() { g_cstrm.flush(); return readFile(m_table); }
+
+private:
+    template <class S> void detach(S& s) {
+        typename S::iterator last = s.end();
+        --last;
+        delete *last;
+        s.erase(last);
+    }
+    std::string m_dir, m_text, m_table;
+};
+
+int g_calls = 0;
+long long g_clocksPerLoop = 1000;
+
+kvResult fixedLoop(int loops, long long* clocks) {
+    g_calls += loops;
+    *clocks = g_clocksPerLoop * loops;
+    return KV_OK;
+}
+
+kvResult failingLoop(int, long long* clocks) {
+    *clocks = 100;
+    return KV_FUNCFAIL;
+}
+
+kvResult segvLoop(int, long long*) {
+    volatile int* p = nullptr;
+    *p = 1;
+    return KV_OK;
+}
+
+class KvTestLifecycle : public ::testing::Test {
+protected:
+    void SetUp() override {
+        kvCpuTicker::setFreq(1000);
+        g_tool = kvTool();
+        g_tool.setMethodLoop(4);
+        g_ostrm.setOutLevel(7);
+        kvTest::m_numParmsColm = 3;
+        kvTest::m_numResultColm = 5;
+        kvTest::m_hot = 0;
+        g_calls = 0;
+        g_clocksPerLoop = 1000;
+    }
+};
+
+TEST_F(KvTestLifecycle, PlainTestMakesOnePassWithOneTableRow) {
+    Capture cap;
+    kvTest test(fixedLoop, (funcStat)0, "plainFunction", "dir/p_plain_au", "TimPlain//KV_REG");
+    EXPECT_EQ(KV_OK, test.run());
+    EXPECT_EQ(KV_OK, test.m_result);
+    EXPECT_EQ(4, g_calls);  // the Manual method: one bracket of four loops
+    std::string table = cap.table();
+    EXPECT_EQ("plainFunction,-,-,nLps=4,1000, ,1,-\n", table);
+    std::string text = cap.text();
+    EXPECT_NE(std::string::npos, text.find("| Function  : plainFunction"));
+    EXPECT_NE(std::string::npos, text.find("| -OK         plainFunction"));
+    EXPECT_EQ("p_plain_au", std::string(test.m_file.c_str()));
+}
+
+TEST_F(KvTestLifecycle, FailingSetStopsTheWalkAndWritesNoRow) {
+    Capture cap;
+    kvTest test(failingLoop, (funcStat)0, "failing", "f", "TimFail//KV_REG");
+    EXPECT_EQ(KV_FUNCFAIL, test.run());
+    EXPECT_EQ("", cap.table());
+    EXPECT_NE(std::string::npos, cap.text().find("-- lib function error on test parameters:"));
+}
+
+// Two step iterators walked as an odometer: the later one varies fastest.
+class GridTest : public kvTest {
+public:
+    GridTest() : kvTest(fixedLoop, (funcStat)0, "grid", "g", "TimGrid//KV_REG") {}
+    bool canStart() override {
+        a.reset();
+        a.init("A", 1, 2, 1, (StepOprtn)'+');
+        b.reset();
+        b.init("B", 10, 30, 10, (StepOprtn)'+');
+        m_parms.insert(m_parms.end(), &a);
+        m_parms.insert(m_parms.end(), &b);
+        return true;
+    }
+    bool initData() override {
+        seen << a.value() << "/" << b.value() << " ";
+        return !(a.value() == 1 && b.value() == 10) || !skipFirst;
+    }
+    void constToOstrm() override { constants++; }
+    kvStepIterator<int> a, b;
+    kvString seen;
+    int constants = 0;
+    bool skipFirst = false;
+};
+
+TEST_F(KvTestLifecycle, OdometerOrderAndConstantsOnce) {
+    Capture cap;
+    GridTest test;
+    test.skipFirst = true;
+    EXPECT_EQ(KV_OK, test.run());
+    EXPECT_STREQ("1/10 1/20 1/30 2/10 2/20 2/30 ", test.seen.c_str());
+    EXPECT_EQ(1, test.constants);
+    // Five measured sets, each a row with both parameter cells.
+    std::string table = cap.table();
+    EXPECT_EQ(5, (int)std::count(table.begin(), table.end(), '\n'));
+    EXPECT_EQ(0u, table.find("grid,1,20,nLps=4,"));
+}
+
+TEST_F(KvTestLifecycle, EmptyFirstSetIsDataFail) {
+    class Empty : public kvTest {
+    public:
+        Empty() : kvTest(fixedLoop, (funcStat)0, "empty", "e", "TimEmpty") {}
+        bool canStart() override {
+            p.reset();
+            m_parms.insert(m_parms.end(), &p);
+            return true;
+        }
+        kvIterator<int> p;  // no values at all
+    } test;
+    Capture cap;
+    EXPECT_EQ(KV_DATAFAIL, test.run());
+    EXPECT_NE(std::string::npos, cap.text().find("-- One of argument list for timing is empty\n"));
+}
+
+TEST_F(KvTestLifecycle, CanStartFalseIsDataFailWithReports) {
+    class NoStart : public kvTest {
+    public:
+        NoStart() : kvTest(fixedLoop, (funcStat)0, "nostart", "n", "TimNo") {}
+        bool canStart() override { return false; }
+    } test;
+    Capture cap;
+    EXPECT_EQ(KV_DATAFAIL, test.run());
+    std::string text = cap.text();
+    EXPECT_NE(std::string::npos, text.find("-- Can't start timing\n"));
+    EXPECT_NE(std::string::npos, text.find("-DATAFAIL"));
+}
+
+TEST_F(KvTestLifecycle, SignalEndsTestAndNextTestRuns) {
+    Capture cap;
+    g_ostrm.setOutLevel(3);
+    kvTest bad(segvLoop, (funcStat)0, "crashing", "c", "TimCrash");
+    EXPECT_EQ(KV_EXCPTFAIL, bad.run());
+    EXPECT_EQ(3, g_ostrm.getOutLevel());  // raised to 7 for the measurement, restored
+    EXPECT_EQ(KV_EXCPTFAIL, bad.run());   // a second fault is caught the same way
+    kvTest good(fixedLoop, (funcStat)0, "healthy", "h", "TimOk");
+    EXPECT_EQ(KV_OK, good.run());
+    std::string text = cap.text();
+    EXPECT_NE(std::string::npos,
+              text.find("--VDL. Signal: Illegal storage access. in vdlFunctionCalls\n"));
+}
+
+TEST_F(KvTestLifecycle, ExceptionInCanStartNamesThePlace) {
+    class BadDefault : public kvTest {
+    public:
+        BadDefault() : kvTest(fixedLoop, (funcStat)0, "baddefault", "b", "TimBad") {}
+        bool canStart() override {
+            p.reset();
+            p.init("P", 1, 10, -1, (StepOprtn)'+');  // '+' with a negative step
+            return true;
+        }
+        kvStepIterator<int> p;
+    } test;
+    Capture cap;
+    EXPECT_EQ(KV_EXCPTFAIL, test.run());
+    EXPECT_NE(std::string::npos,
+              cap.text().find("--VDL. Exception: Conflict between iterator limits and operation "
+                              "in canStart\n"));
+}
+
+TEST_F(KvTestLifecycle, CacheKeyWithoutSupportMeasuresNothing) {
+    Capture cap;
+    kvTest::m_cache = true;
+    kvTest test(fixedLoop, (funcStat)0, "nocache", "n", "TimNoCache");
+    EXPECT_EQ(KV_UNDEFINED, test.run());
+    kvTest::m_cache = false;
+    EXPECT_EQ(0, g_calls);
+    EXPECT_NE(std::string::npos,
+              cap.text().find("-- Can't run In-Outof-Cache timing: no program support for "
+                              "function nocache\n"));
+}
+
+TEST(KvTestFormat, FormatClocksRanges) {
+    kvTest t((funcLoop)0, (funcStat)0, "x", "x", "x");
+    EXPECT_STREQ("", t.formatClocks(0).c_str());
+    EXPECT_STREQ("", t.formatClocks(-3).c_str());
+    EXPECT_STREQ("100", t.formatClocks(100).c_str());
+    EXPECT_STREQ("100.0", t.formatClocks(99.96).c_str());
+    EXPECT_STREQ("10000000", t.formatClocks(10000000).c_str());
+    EXPECT_STREQ("1.000e+07", t.formatClocks(10000001).c_str());
+    EXPECT_STREQ("5.00", t.formatClocks(5).c_str());
+    EXPECT_STREQ("0.500", t.formatClocks(0.5).c_str());
+    EXPECT_STREQ("0.000500", t.formatClocks(0.0005).c_str());
+    EXPECT_STREQ("5.000e-05", t.formatClocks(0.00005).c_str());
+}
+
+TEST(KvTestFormat, SFormatPadsAndNeverCuts) {
+    EXPECT_STREQ("   ab", sFormat(kvString("ab"), 5).c_str());
+    EXPECT_STREQ("ab   ", sFormat(kvString("ab"), -5).c_str());
+    EXPECT_STREQ("abcdef", sFormat(kvString("abcdef"), 3).c_str());
+    EXPECT_STREQ("  1.5", sFormat(1.5, 5).c_str());
+    EXPECT_STREQ("12345", sFormat(12345, 3).c_str());  // short enough to stay decimal
+    EXPECT_STREQ("1.23e+09", sFormat(1234567890, 3).c_str());
+    EXPECT_STREQ("1.23e+10", sFormat(12345678901LL, 3).c_str());
+}
+
+TEST(KvTestFormat, RegInfoNamesTheMethod) {
+    kvTest none((funcLoop)0, (funcStat)0, "x", "x", "TimX//KV_REG");
+    EXPECT_STREQ("   Test has been registered by KV_REG macro without any function to call.\n"
+                 " No standard timing method is available",
+                 none.regInfo().c_str());
+    kvTest loop(fixedLoop, (funcStat)0, "x", "x", "TimX");
+    EXPECT_STREQ("   Test has been registered with loopMethod.\n   loopMethod is called for measuring.",
+                 loop.regInfo().c_str());
+}
+
+}  // namespace

@@ -1,0 +1,146 @@
+// The registry: registration texts, the stable sort, result counting, -F and
+// the run of a selection.
+#include <gtest/gtest.h>
+
+#include "kvconditions.h"
+#include "kvtest.h"
+#include "kvtestinfo.h"
+#include "kvtestlist.h"
+#include "kvticker.h"
+
+namespace {
+
+TEST(KvTestInfo, SplitsClassDescriptionTag) {
+    struct { const char* text; const char* c; const char* d; const char* t; } cases[] = {
+        {"A", "A", "", ""},           {"A/B", "A", "B", ""},        {"A/B/C", "A", "B", "C"},
+        {"/B", "", "B", ""},          {"A//", "A", "", ""},         {"A/B/C/D", "A", "B", "C/D"},
+        {"TimAcccm//DL_REG", "TimAcccm", "", "DL_REG"},
+    };
+    for (auto& c : cases) {
+        kvTestInfo info(c.text);
+        EXPECT_STREQ(c.c, info.m_class.c_str()) << c.text;
+        EXPECT_STREQ(c.d, info.m_description.c_str()) << c.text;
+        EXPECT_STREQ(c.t, info.m_tag.c_str()) << c.text;
+    }
+}
+
+// A test whose name sorts, and whose run returns a chosen result.
+class Scripted : public kvTest {
+public:
+    Scripted(const char* name, int id, kvResult r = KV_OK)
+        : kvTest((funcLoop)0, (funcStat)0, name, "s", "TimScripted"), m_id(id), m_r(r) {}
+    kvResult run() override {
+        ++runs;
+        m_result = m_r == KV_UNDEFINED ? KV_OK : m_r;
+        return m_r;
+    }
+    int m_id;
+    kvResult m_r;
+    int runs = 0;
+};
+
+std::vector<int> order(kvTestList& list) {
+    std::vector<int> ids;
+    for (kvTestList::iterator it = list.begin(); it != list.end(); ++it)
+        ids.push_back(static_cast<Scripted*>(*it)->m_id);
+    return ids;
+}
+
+void clearList(kvTestList& list) {
+    for (kvTestList::iterator it = list.begin(); it != list.end(); ++it) delete *it;
+    list.clear();
+}
+
+TEST(KvTestList, SortIsStableOverManyElements) {
+    kvTestList list;
+    const char* names[] = {"c", "a", "b", "a", "c", "b", "a"};
+    int n = 0;
+    for (int round = 0; round < 100; ++round)
+        for (const char* name : names) list.insert(list.end(), new Scripted(name, n++));
+    list.sortFunc();
+    std::vector<int> ids = order(list);
+    ASSERT_EQ(700u, ids.size());
+    // Names ascend, and within one name the registration order stays.
+    kvString prev;
+    int prevId = -1;
+    for (kvTestList::iterator it = list.begin(); it != list.end(); ++it) {
+        Scripted* t = static_cast<Scripted*>(*it);
+        if (t->m_name == prev) EXPECT_LT(prevId, t->m_id);
+        else EXPECT_LT(prev.compare(t->m_name), 0);
+        prev = t->m_name;
+        prevId = t->m_id;
+    }
+    clearList(list);
+}
+
+TEST(KvTestList, SortOfShortListsAndEqualKeys) {
+    kvTestList list;
+    list.sortFunc();
+    EXPECT_TRUE(list.empty());
+    list.insert(list.end(), new Scripted("x", 1));
+    list.sortFunc();
+    EXPECT_EQ(std::vector<int>({1}), order(list));
+    list.insert(list.end(), new Scripted("x", 2));
+    list.insert(list.end(), new Scripted("x", 3));
+    list.sortFunc();
+    EXPECT_EQ(std::vector<int>({1, 2, 3}), order(list));
+    clearList(list);
+}
+
+TEST(KvTestList, PlusCountsTotals) {
+    kvTestList list;
+    list.plus(KV_DATAFAIL);
+    list.plus(KV_BADSTSWRN);
+    list.plus(KV_WARNING);
+    list.plus(KV_FAIL);
+    list.plus(KV_UNDEFINED);
+    EXPECT_EQ(5, list.m_numTests);
+    EXPECT_EQ(1, list.m_counts[KV_DATAFAIL]);
+    EXPECT_EQ(1, list.m_counts[KV_BADSTSWRN]);
+    EXPECT_EQ(2, list.m_counts[KV_WARNING]);  // the warning itself and the total of one
+    EXPECT_EQ(2, list.m_counts[KV_FAIL]);     // likewise for failures
+    EXPECT_EQ(1, list.m_counts[KV_UNDEFINED]);
+}
+
+TEST(KvTestList, RunTestsSelectsCountsAndStartsFrom) {
+    kvTestList list;
+    Scripted* a = new Scripted("vdlsAlpha", 1);
+    Scripted* b = new Scripted("vdlsLogGauss_32f", 2, KV_DATAFAIL);
+    Scripted* c = new Scripted("vdlsLogGauss_64f", 3, KV_UNDEFINED);  // turned away: not counted
+    Scripted* d = new Scripted("vdlsZero", 4, KV_UNDEFINED);
+    list.insert(list.end(), a);
+    list.insert(list.end(), b);
+    list.insert(list.end(), c);
+    list.insert(list.end(), d);
+    kvConditions all;
+    kvTestList::m_startFunc = "LogGauss";
+    EXPECT_TRUE(list.runTests(all));
+    EXPECT_TRUE(kvTestList::m_startFunc.empty());
+    EXPECT_EQ(0, a->runs);  // before the start function: skipped, not counted
+    EXPECT_EQ(1, b->runs);
+    EXPECT_EQ(1, c->runs);
+    EXPECT_EQ(1, d->runs);
+    EXPECT_EQ(1, list.m_numTests);  // c and d returned 0 with m_result 1
+    EXPECT_EQ(1, list.m_counts[KV_DATAFAIL]);
+    clearList(list);
+}
+
+TEST(KvTestList, ConditionsAndHotListNarrowTheRun) {
+    kvTestList list;
+    Scripted* a = new Scripted("vdlsLogAdd_32f", 1);
+    Scripted* b = new Scripted("vdlsLogGauss_32f_D2", 2);
+    list.insert(list.end(), a);
+    list.insert(list.end(), b);
+    kvConditions conditions;
+    RunCondition_f log("Log");
+    RunCondition_fNot gauss("Gauss");
+    conditions.insert(conditions.end(), &log);
+    conditions.insert(conditions.end(), &gauss);
+    EXPECT_FALSE(list.runTests(conditions));
+    EXPECT_EQ(1, a->runs);
+    EXPECT_EQ(0, b->runs);
+    conditions.clear();
+    clearList(list);
+}
+
+}  // namespace
