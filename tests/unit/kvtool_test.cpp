@@ -1,0 +1,341 @@
+// The timing engine driven by scripted test functions: each loop call reports
+// a chosen clocks-per-call figure, so every step of the search is exact.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "kvfpstate.h"
+#include "kvstream.h"
+#include "kvtest.h"
+#include "kvticker.h"
+#include "kvtool/kvtool.h"
+
+namespace {
+
+struct Script {
+    std::vector<double> perCall;   // figure of each loop call; the last repeats
+    std::vector<int> loops;        // loop counts asked for, in order
+    kvResult result = KV_OK;
+    int zeroDivideAt = -1;         // loop call that raises a floating-point flag
+    int calls = 0;                 // calls of the single-call form
+    int inits = 0;
+    int statCalls = -1;            // minimums handed to the statistic form
+    long long statClocks = -1;
+};
+Script s;
+
+kvResult scriptedLoop(int loops, long long* clocks) {
+    size_t i = s.loops.size();
+    s.loops.push_back(loops);
+    double perCall = s.perCall[std::min(i, s.perCall.size() - 1)];
+    *clocks = (long long)(perCall * loops + 0.5);
+    if ((int)i == s.zeroDivideAt) {
+        volatile double zero = 0;
+        volatile double x = 1.0 / zero;
+        (void)x;
+    }
+    return s.result;
+}
+
+kvResult scriptedStat(int* calls, long long* clocks) {
+    s.statCalls = *calls;
+    s.statClocks = *clocks;
+    *calls = 25;
+    *clocks = 2500;
+    return KV_OK;
+}
+
+int countingCall() { return ++s.calls, 0; }
+int countingInit() { return ++s.inits, 0; }
+
+// The first call (the warm-up) burns many clocks; the rest cost nearly nothing.
+int slowFirstCall() {
+    if (s.calls++ == 0) {
+        long long end = vdl_get_cpu_counter() + 20000000;
+        while (vdl_get_cpu_counter() < end) {
+        }
+    }
+    return 0;
+}
+
+// Catches everything written to g_ostrm from the start of each test.
+class KvToolTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        static o_stream* capture = 0;
+        if (!capture) {
+            capture = new o_stream(tmpfile());
+            g_ostrm.addStream(capture);
+        }
+        m_file = capture->file();
+        fflush(m_file);
+        m_start = ftell(m_file);
+        g_ostrm.setOutLevel(ERR | WARN);
+        s = Script();
+        kvTest::initCtrlStatus();
+        kvTest::clearCtrlStatus();
+    }
+    void TearDown() override { kvTest::clearCtrlStatus(); }
+
+    std::string output() {
+        fflush(m_file);
+        long end = ftell(m_file);
+        std::string text(end - m_start, '\0');
+        fseek(m_file, m_start, SEEK_SET);
+        size_t n = fread(&text[0], 1, text.size(), m_file);
+        text.resize(n);
+        fseek(m_file, end, SEEK_SET);
+        return text;
+    }
+
+    kvResult runAuto(std::vector<double> perCall) {
+        s.perCall = perCall;
+        return m_tool.timing(scriptedLoop, 0, 0, 0);
+    }
+
+    kvTool m_tool;
+    FILE* m_file = 0;
+    long m_start = 0;
+};
+
+TEST_F(KvToolTest, DefaultsAndMethodSettings) {
+    EXPECT_EQ(m_tool.m_accuracy, 0.05);
+    EXPECT_TRUE(m_tool.getMethodAuto());
+    EXPECT_EQ(m_tool.m_loopNum, 10);
+    EXPECT_EQ(m_tool.m_maxLoops, 2048);
+    EXPECT_EQ(m_tool.m_statClocks, 10000);
+
+    int start = 0, max = 0, calls = 0;
+    long long clocks = 0;
+    m_tool.setMethodBest(100, 200, 1000);
+    ASSERT_TRUE(m_tool.getMethodBest(start, max, clocks));
+    EXPECT_EQ(start, 100);
+    EXPECT_EQ(max, 800);
+    EXPECT_EQ(clocks, 1000);
+    EXPECT_FALSE(m_tool.getMethodLoop(calls));
+
+    m_tool.setMethodLoop(0);
+    ASSERT_TRUE(m_tool.getMethodLoop(calls));
+    EXPECT_EQ(calls, 1);
+
+    m_tool.setMethodStat(-3, 0);   // stored without a check
+    ASSERT_TRUE(m_tool.getMethodStat(calls, clocks));
+    EXPECT_EQ(calls, -3);
+
+    kvTool::getAutoParameters(start, max, clocks);
+    EXPECT_EQ(start, 1);
+    EXPECT_EQ(max, 2048);
+    EXPECT_EQ(clocks, 10LL * kvCpuTicker::getClockFactor());
+}
+
+TEST_F(KvToolTest, TextsAndFigures) {
+    EXPECT_STREQ(kvTool::getAccuracyStr(0.0004).c_str(), "0.04%");
+    EXPECT_STREQ(kvTool::getAccuracyStr(0.05).c_str(), "5.0%");
+    EXPECT_STREQ(kvTool::getAccuracyStr(0.002).c_str(), "0.2%");
+    EXPECT_STREQ(kvTool::clockStr(2147483647LL).c_str(), "2147483647");
+    EXPECT_STREQ(kvTool::clockStr(2147483648LL).c_str(), "2147483640");
+    EXPECT_STREQ(kvTool::clockStr(123456789012LL).c_str(), "1234567890" "00");
+
+    EXPECT_EQ(kvTool::computeAccuracy(100, 100), 0.0);
+    EXPECT_DOUBLE_EQ(kvTool::computeAccuracy(90, 110), 0.2);
+    double v[] = {90, 100, 110, 100};
+    EXPECT_DOUBLE_EQ(kvTool::computeAccuracy(v, 4), 0.1);
+    EXPECT_EQ(kvTool::computeAccuracy(v, 0), 0.0);
+    EXPECT_EQ(kvTool::computeBest(v + 2, 1), 110.0);
+    EXPECT_EQ(kvTool::computeBest(v, 4), 90.0);
+}
+
+TEST_F(KvToolTest, AgreementWithinOnePercentStopsAtOnce) {
+    EXPECT_EQ(runAuto({100, 100.5}), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 4}));
+    EXPECT_EQ(m_tool.m_funcClocks, 100.5);
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=4");
+}
+
+TEST_F(KvToolTest, AgreementExactlyAtTargetIsConfirmedByRepeats) {
+    // 2 * |41 - 39| / 80 is exactly the target of 5%.
+    EXPECT_EQ(runAuto({39, 41}), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 4, 4, 4}));
+    EXPECT_EQ(m_tool.m_funcClocks, 41.0);
+    EXPECT_EQ(m_tool.m_numLoops, 4);
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=4");
+}
+
+TEST_F(KvToolTest, FailedRepeatsGoOnAtFourTimesTheCount) {
+    EXPECT_EQ(runAuto({100, 103, 80, 120, 80}), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 4, 4, 4, 16}));
+    EXPECT_EQ(m_tool.m_funcClocks, 80.0);
+}
+
+TEST_F(KvToolTest, LimitWithoutAgreementEndsAtLimitWithWarning) {
+    // Every doubling disagrees, and so do the two repeats at the limit.
+    EXPECT_EQ(runAuto({100, 200, 100, 200, 100, 200, 100, 200, 100, 200, 100, 200}),
+              KV_ACCURWRN);
+    EXPECT_EQ(m_tool.m_numLoops, 2048);
+    EXPECT_EQ(s.loops.size(), 13u);   // 1, then 4 .. 2048, then two repeats
+    EXPECT_EQ(s.loops.back(), 2048);
+    EXPECT_EQ(*std::max_element(s.loops.begin(), s.loops.end()), 2048);
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=2048 acc=40.0%");
+}
+
+TEST_F(KvToolTest, ZeroClocksTwiceAtBothPriorCountsFails) {
+    EXPECT_EQ(runAuto({0}), KV_ACCURFAIL);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 1, 10, 10}));
+    EXPECT_EQ(m_tool.m_result, KV_ACCURFAIL);
+}
+
+TEST_F(KvToolTest, ZeroClocksOnceIsRetried) {
+    EXPECT_EQ(runAuto({0, 100}), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 1, 4}));
+}
+
+TEST_F(KvToolTest, ShortPriorRunRaisesCountAndLimitTenfold) {
+    EXPECT_EQ(runAuto({5, 5, 5}), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 10, 40}));
+
+    // Without agreement the search runs up to the raised limit of 20480.
+    s = Script();
+    EXPECT_EQ(runAuto({5, 5, 20, 5, 20, 5, 20, 5, 20, 5, 20, 5, 20}), KV_ACCURWRN);
+    EXPECT_EQ(s.loops[2], 40);
+    EXPECT_EQ(m_tool.m_numLoops, 20480);
+    EXPECT_EQ(*std::max_element(s.loops.begin(), s.loops.end()), 20480);
+}
+
+TEST_F(KvToolTest, FailureOfTheFunctionEndsThePriorStage) {
+    s.result = KV_FUNCFAIL;
+    EXPECT_EQ(runAuto({100}), KV_FUNCFAIL);
+    EXPECT_EQ(s.loops, (std::vector<int>{1}));
+}
+
+TEST_F(KvToolTest, RepeatTimingReusesTheFigureJustMade) {
+    s.perCall = {50, 60};
+    m_tool.m_funcLoop = scriptedLoop;
+    m_tool.m_numLoops = 8;
+    m_tool.m_funcClocks = 40;
+    EXPECT_EQ(m_tool.repeatTiming(8, 3), KV_ACCURWRN);
+    EXPECT_EQ(s.loops, (std::vector<int>{8, 8}));
+    EXPECT_EQ(m_tool.m_funcClocks, 40.0);
+    EXPECT_DOUBLE_EQ(m_tool.m_achieved, 10.0 / 50.0);
+
+    s.loops.clear();
+    s.perCall = {60};
+    EXPECT_EQ(m_tool.repeatTiming(16, 3), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{16, 16, 16}));
+    EXPECT_EQ(m_tool.m_funcClocks, 60.0);
+}
+
+TEST_F(KvToolTest, IterativeUsesTheUserSettings) {
+    m_tool.setMethodBest(100, 200, 1000);
+    s.perCall = {20};
+    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{100, 400}));
+}
+
+TEST_F(KvToolTest, BadStatusInSearchFallsBackToHalfTheCount) {
+    m_tool.m_ibsMode = true;
+    s.zeroDivideAt = 1;
+    s.perCall = {100};
+    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, countingInit), KV_OK);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 4, 2, 2, 2, 2, 2}));
+    EXPECT_EQ(s.inits, 7);   // before every measurement in this mode
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=2");
+    std::string out = output();
+    EXPECT_NE(out.find("-- Status    SSX: "), std::string::npos);
+    EXPECT_NE(out.find("-- Attempting to avoid bad control status\n-- Attempt is successful\n"),
+              std::string::npos)
+        << out;
+}
+
+TEST_F(KvToolTest, ManualWithOnlyCallKeepsWarmUpOutsideTheBracket) {
+    m_tool.setMethodLoop(10);
+    EXPECT_EQ(m_tool.timing(0, 0, slowFirstCall, countingInit), KV_OK);
+    EXPECT_EQ(s.calls, 11);
+    EXPECT_EQ(s.inits, 11);
+    EXPECT_LT(m_tool.m_clocks, 10000000);
+    EXPECT_EQ(m_tool.m_achieved, 0.0);
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=10");
+}
+
+TEST_F(KvToolTest, ManualWithoutLoopOrCallFallsBackToStatistic) {
+    m_tool.setMethodLoop(7);
+    EXPECT_EQ(m_tool.timing(0, scriptedStat, 0, 0), KV_OK);
+    EXPECT_EQ(m_tool.m_method, KV_METHOD_STATISTIC);
+    EXPECT_EQ(s.statCalls, 7);
+    EXPECT_EQ(s.statClocks, 0);
+    EXPECT_EQ(m_tool.m_funcClocks, 100.0);
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nCalls=25");
+    EXPECT_EQ(output(),
+              " ATTENTION! The test cannot execute Manual loop timing.\n"
+              " Statistic timing will be run instead.\n");
+}
+
+TEST_F(KvToolTest, StatisticWithoutStatOrCallFallsBackToManual) {
+    m_tool.setMethodStat(12, 5000);
+    s.perCall = {30};
+    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_OK);
+    EXPECT_EQ(m_tool.m_method, KV_METHOD_MANUAL);
+    EXPECT_EQ(s.loops, (std::vector<int>{12}));
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=12");
+    EXPECT_EQ(output(),
+              " ATTENTION! The test cannot execute Statistic timing.\n"
+              " Manual loop timing will be run instead.\n");
+}
+
+TEST_F(KvToolTest, StatisticThroughCallCountsOnlyTimedPasses) {
+    m_tool.setMethodStat(5, 0);
+    EXPECT_EQ(m_tool.timing(0, 0, countingCall, countingInit), KV_OK);
+    EXPECT_EQ(s.calls, 1 + 2 * 5);   // the warm-up, then two calls a pass
+    EXPECT_EQ(s.inits, 1 + 5);
+    EXPECT_STREQ(m_tool.m_comment.c_str(), "nCalls=5");
+}
+
+TEST_F(KvToolTest, TestWithoutFunctionsIsAnInternalProblem) {
+    EXPECT_EQ(m_tool.timing(0, 0, 0, countingInit), KV_FAIL);
+    EXPECT_EQ(output(),
+              " Internal test problem: The test cannot execute standard timing.\n"
+              " No one of funcLoop, funcStat or funcCall is registered in the test.\n");
+}
+
+TEST_F(KvToolTest, AutoWithOnlyStatIsAnInternalError) {
+    EXPECT_EQ(m_tool.timing(0, scriptedStat, 0, 0), KV_FAIL);
+    EXPECT_EQ(output(), "KV internal error: file api/src/kvtool, line 248\n");
+    m_tool.m_method = 9;
+    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_FAIL);
+    EXPECT_NE(output().find("line 746\n"), std::string::npos);
+}
+
+TEST_F(KvToolTest, SetUseTimesTheCallAndIgnoresTheLoop) {
+    m_tool.m_setUse = true;
+    m_tool.setMethodLoop(10);
+    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, countingCall, 0), KV_OK);
+    EXPECT_TRUE(s.loops.empty());
+    EXPECT_EQ(s.calls, 11);
+}
+
+TEST_F(KvToolTest, SetUseWithoutCallCannotMeasure) {
+    m_tool.m_setUse = true;
+    m_tool.setMethodLoop(10);
+    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_UNDEFINED);
+    EXPECT_EQ(m_tool.m_funcClocks, 0.0);
+
+    m_tool.setMethodAuto();
+    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_ACCURFAIL);
+    EXPECT_TRUE(s.loops.empty());
+}
+
+kvResult oldForm(kvTool& tool, int loops) {
+    s.loops.push_back(loops);
+    tool.m_clocks = 250LL * loops;
+    return KV_OK;
+}
+
+TEST_F(KvToolTest, OldFormLeavesItsCountInTheTool) {
+    EXPECT_EQ(m_tool.timing(oldForm), KV_OK);
+    EXPECT_EQ(m_tool.m_funcClocks, 250.0);
+    EXPECT_EQ(s.loops, (std::vector<int>{1, 4}));
+}
+
+}  // namespace
