@@ -1,0 +1,552 @@
+// CPUID objects, the processor tables, the classification and cache
+// detection, and the processor report. Most cases run on model processors
+// fed through the CPUID reader; a few check the answers of this machine.
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "kvcpuid.h"
+#include "kvcpuprobe.h"
+#include "kvcputype.h"
+#include "kvinfotest.h"
+#include "kvstream.h"
+#include "kvvdl.h"
+
+namespace {
+
+struct Leaf {
+    unsigned function, subfunction;
+    unsigned regs[4];  // EAX, EBX, ECX, EDX
+};
+
+const std::vector<Leaf>* s_model = 0;
+
+// Answers like a processor that knows only the listed leaves: zeros elsewhere.
+void modelReader(unsigned regs[4], unsigned function, unsigned subfunction) {
+    memset(regs, 0, 4 * sizeof(unsigned));
+    for (const Leaf& leaf : *s_model)
+        if (leaf.function == function && leaf.subfunction == subfunction)
+            memcpy(regs, leaf.regs, sizeof leaf.regs);
+}
+
+class ModelCpu {
+public:
+    explicit ModelCpu(const std::vector<Leaf>& leaves) : m_leaves(leaves) {
+        s_model = &m_leaves;
+        m_previous = kvSetCpuidReader(modelReader);
+    }
+    ~ModelCpu() { kvSetCpuidReader(m_previous); }
+private:
+    std::vector<Leaf> m_leaves;
+    kvCpuidReader m_previous;
+};
+
+unsigned word(const char* four) {
+    unsigned w;
+    memcpy(&w, four, 4);
+    return w;
+}
+
+Leaf vendorLeaf(unsigned largest, const char* vendor) {
+    return {0, 0, {largest, word(vendor), word(vendor + 8), word(vendor + 4)}};
+}
+
+std::vector<Leaf> operator+(std::vector<Leaf> a, const std::vector<Leaf>& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+// A data cache of 32 KB, an instruction cache of 64 KB and a unified one of 1 MB.
+std::vector<Leaf> cacheLeaves(unsigned function) {
+    return {{function, 0, {0x21, (7u << 22) | 63, 63, 0}},
+            {function, 1, {0x22, (15u << 22) | 63, 63, 0}},
+            {function, 2, {0x43, (15u << 22) | 63, 1023, 0}}};
+}
+
+// Collects what goes to g_ostrm at `level` in a file of its own.
+class Capture {
+public:
+    explicit Capture(OutputLevel level) : m_level(g_ostrm.getOutLevel()) {
+        char pattern[] = "/tmp/kvcpuidXXXXXX";
+        int fd = mkstemp(pattern);
+        if (fd >= 0) close(fd);
+        m_name = pattern;
+        g_ostrm.addStream(m_name.c_str(), false);
+        g_ostrm.setOutLevel(level);
+    }
+    ~Capture() {
+        g_ostrm.close();
+        g_ostrm.setOutLevel(m_level);
+        remove(m_name.c_str());
+    }
+    std::string text() {
+        g_ostrm.flush();
+        std::string text;
+        if (FILE* f = fopen(m_name.c_str(), "rb")) {
+            char buf[4096];
+            size_t n;
+            while ((n = fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
+            fclose(f);
+        }
+        return text;
+    }
+private:
+    OutputLevel m_level;
+    std::string m_name;
+};
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- CPUID and tables
+
+TEST(Cpuid, ValidFunctionsBitsAndBytes) {
+    ModelCpu cpu({vendorLeaf(4, "GenuineOrvan"),
+                  {4, 0, {0x89ABCDEFu, 0, 0, 0x80000001u}},
+                  {5, 0, {0x55, 0x55, 0x55, 0x55}},  // above the limit: never read
+                  {0x80000000u, 0, {0x80000004u, 0, 0, 0}}});
+    EXPECT_TRUE(CPUID::validFunction(0));
+    EXPECT_TRUE(CPUID::validFunction(4));
+    EXPECT_FALSE(CPUID::validFunction(5));
+    EXPECT_TRUE(CPUID::validFunction(0x80000004u));
+    EXPECT_FALSE(CPUID::validFunction(0x80000005u));
+    EXPECT_EQ(0u, CPUID(5).getBits(CPUID::EAX, 31, 0));
+    CPUID leaf(4);
+    EXPECT_EQ(0x89ABCDEFu, leaf.getBits(CPUID::EAX, 31, 0));
+    EXPECT_EQ(0xBCDu, leaf.getBits(CPUID::EAX, 19, 8));
+    EXPECT_EQ(0xEFu, leaf.getByte(CPUID::EAX, 0));
+    EXPECT_EQ(0x89u, leaf.getByte(CPUID::EAX, 3));
+    EXPECT_EQ(1u, leaf.getBit(CPUID::EDX, 31));
+    EXPECT_EQ(0u, leaf.getBit(CPUID::EDX, 30));
+
+    ModelCpu empty({});  // the limits themselves stay valid
+    EXPECT_TRUE(CPUID::validFunction(0x80000000u));
+    EXPECT_FALSE(CPUID::validFunction(1));
+}
+
+TEST(FeatureFlags, TableAndLookup) {
+    ASSERT_EQ(68, FeatureFlagsCount);
+    for (int i = 0; i < 64; ++i) {
+        EXPECT_EQ(i < 32 ? CPUID::EDX : CPUID::ECX, FeatureFlags[i].reg) << i;
+        EXPECT_EQ(i % 32, FeatureFlags[i].bit) << i;
+    }
+    FlagInfo* ssx = findFlagInfo(FeatureFlags, FeatureFlagsCount, "SSX");
+    ASSERT_NE(nullptr, ssx);
+    EXPECT_EQ(25, ssx->bit);
+    EXPECT_EQ(nullptr, findFlagInfo(FeatureFlags, FeatureFlagsCount, "ssx"));
+    EXPECT_EQ(nullptr, findFlagInfo(FeatureFlags, FeatureFlagsCount, ""));  // unassigned bits
+    FlagInfo* wide = findFlagInfo(FeatureFlags, FeatureFlagsCount, 0x80000001u, CPUID::EDX, 29);
+    ASSERT_NE(nullptr, wide);
+    EXPECT_STREQ("Orvan64", wide->name);
+}
+
+TEST(FeatureFlags, BitsAreReadFreshAndPrinted) {
+    ModelCpu cpu({vendorLeaf(1, "GenuineOrvan"), {1, 0, {0, 0, 1u << 19, 1u << 25}},
+                  {0x80000001u, 0, {0, 0, 1, 0}}});  // above the extended limit
+    EXPECT_TRUE(isFeatureFlag("SSX"));
+    EXPECT_FALSE(isFeatureFlag("SSE2"));
+    EXPECT_FALSE(isFeatureFlag("LAHF-SAHF"));
+    EXPECT_FALSE(isFeatureFlag("NoSuchFlag"));
+
+    Capture out(ERR);
+    g_ostrm << ERR;
+    printFeatureFlag("SSE4.1");
+    printFeatureFlag("SSE2");
+    printFeatureFlag("NoSuchFlag");
+    printFeatureFlag("AVeryLongFlagName");
+    g_ostrm << endMsg;
+    EXPECT_EQ("SSE4.1     1 - SIMD extension 4.1\n"
+              "SSE2       0 - 128-bit SIMD extension for double precision and integers\n"
+              "NoSuchFlag ? - unknown flag???????\n"
+              "AVeryLongFlagName? - unknown flag???????\n",
+              out.text());
+}
+
+TEST(CacheDescriptors, TableRunsFromLargestToTerminator) {
+    ASSERT_EQ(71, tableCacheCount);
+    EXPECT_EQ(0, tableCache[tableCacheCount - 1].descriptor);
+    for (int i = 0; i + 2 < tableCacheCount; ++i) {
+        EXPECT_GE(tableCache[i].size, tableCache[i + 1].size) << i;
+        for (int j = i + 1; j < tableCacheCount; ++j)
+            EXPECT_NE(tableCache[i].descriptor, tableCache[j].descriptor) << i << " " << j;
+    }
+}
+
+TEST(CacheDescriptors, Matching) {
+    // 0x49 (4 MB) stands before 0x2C (32 KB) in the table, wherever the bytes stand.
+    unsigned both[4] = {0x002C0001u, 0, 0, 0x00000049u};
+    EXPECT_EQ(4194304, descriptorCacheSize(both, tableCache));
+    unsigned twice[4] = {0x00490002u, 0, 0, 0};  // repeat count must be 1
+    EXPECT_EQ(-1, descriptorCacheSize(twice, tableCache));
+    unsigned flagged[4] = {0x01, 0x80000049u, 0, 0};  // bit 31: no descriptors
+    EXPECT_EQ(-1, descriptorCacheSize(flagged, tableCache));
+    unsigned unknown[4] = {0xFFF0B001u, 0x5A, 0, 0};  // TLB, prefetch, "use function 4"
+    EXPECT_EQ(-1, descriptorCacheSize(unknown, tableCache));
+    // The repeat count is no descriptor, even where a table names its value.
+    const CacheDescriptor withOne[] = {{0x01, 99}, {0x2C, 32768}, {0, 0}};
+    unsigned regs[4] = {0x2C000001u, 0, 0, 0};
+    EXPECT_EQ(32768, descriptorCacheSize(regs, withOne));
+}
+
+TEST(CacheParameters, FunctionFour) {
+    {
+        ModelCpu cpu(std::vector<Leaf>{vendorLeaf(4, "GenuineOrvan")} + cacheLeaves(4));
+        EXPECT_EQ(65536, getCacheSizeB(1));
+        EXPECT_EQ(-1, getCacheSizeB(3));
+        EXPECT_EQ(1048576, getMaxCacheSizeB());
+    }
+    {
+        // Without the unified cache: the report's maximum counts the
+        // instruction cache, the detection does not.
+        ModelCpu cpu({vendorLeaf(4, "GenuineOrvan"), cacheLeaves(4)[0], cacheLeaves(4)[1]});
+        EXPECT_EQ(65536, getMaxCacheSizeB());
+        EXPECT_EQ(32768, largestDataCacheB(4));
+    }
+    ModelCpu cpu(std::vector<Leaf>{vendorLeaf(3, "GenuineOrvan")} + cacheLeaves(4));
+    EXPECT_EQ(0, getMaxCacheSizeB());
+}
+
+// ---------------------------------------------------------------- cache detection
+
+TEST(CacheDetection, MakersRule) {
+    struct Case {
+        std::vector<Leaf> leaves;
+        VdlStatus status;
+        int size;
+    };
+    const Case cases[] = {
+        {{vendorLeaf(1, "GenuineOrvan")}, 36, 0},
+        {{vendorLeaf(2, "GenuineOrvan"), {2, 0, {0x01, 0, 0, 0x00432C00u}}}, 0, 524288},
+        {{vendorLeaf(2, "GenuineOrvan"), {2, 0, {0x01, 0, 0, 0x00F0B05Au}}}, 37, 0},
+        {std::vector<Leaf>{vendorLeaf(4, "GenuineOrvan")} + cacheLeaves(4), 0, 1048576},
+        {{vendorLeaf(4, "GenuineOrvan")}, 37, 0},
+    };
+    for (const Case& c : cases) {
+        ModelCpu cpu(c.leaves);
+        int size = -5;
+        EXPECT_EQ(c.status, kvDetectMaxCacheSizeB(true, true, &size));
+        EXPECT_EQ(c.size, size);
+    }
+    int size = -5;
+    EXPECT_EQ(36, kvDetectMaxCacheSizeB(false, false, &size));
+    EXPECT_EQ(0, size);
+}
+
+TEST(CacheDetection, OtherMakersFallBackToTheCacheFunctions) {
+    int size = 0;
+    {
+        ModelCpu cpu(std::vector<Leaf>{vendorLeaf(4, "OtherMakerXY")} + cacheLeaves(4));
+        EXPECT_EQ(0, kvDetectMaxCacheSizeB(true, false, &size));
+        EXPECT_EQ(1048576, size);
+    }
+    {
+        // Function 4 answers with zeros; the extended function has the caches.
+        ModelCpu cpu(std::vector<Leaf>{vendorLeaf(16, "OtherMakerXY"),
+                                       {0x80000000u, 0, {0x80000020u, 0, 0, 0}}} +
+                     cacheLeaves(0x8000001Du));
+        EXPECT_EQ(0, kvDetectMaxCacheSizeB(true, false, &size));
+        EXPECT_EQ(1048576, size);
+    }
+    // The extended function lies above the processor's limit.
+    ModelCpu cpu(std::vector<Leaf>{vendorLeaf(16, "OtherMakerXY"),
+                                   {0x80000000u, 0, {0x80000008u, 0, 0, 0}}} +
+                 cacheLeaves(0x8000001Du));
+    EXPECT_EQ(36, kvDetectMaxCacheSizeB(true, false, &size));
+    EXPECT_EQ(0, size);
+}
+
+namespace {
+int s_cpuidCalls = 0;
+void countingReader(unsigned regs[4], unsigned function, unsigned subfunction) {
+    ++s_cpuidCalls;
+    ownGetReg(regs, function, subfunction);
+}
+}  // namespace
+
+TEST(CacheDetection, DetectedOnceWithAPlausibleSizeHere) {
+    int first = 0;
+    VdlStatus status = kv_vdlGetMaxCacheSizeB(&first);
+    EXPECT_EQ(0, status);
+    EXPECT_GE(first, 64 * 1024);
+    EXPECT_LE(first, 1024 * 1024 * 1024);
+
+    s_cpuidCalls = 0;
+    kvCpuidReader previous = kvSetCpuidReader(countingReader);
+    int second = 0;
+    EXPECT_EQ(status, kv_vdlGetMaxCacheSizeB(&second));
+    kvSetCpuidReader(previous);
+    EXPECT_EQ(first, second);
+    EXPECT_EQ(0, s_cpuidCalls);
+    EXPECT_EQ(first, kvGetMaxCacheSizeB());
+}
+
+// ---------------------------------------------------------------- classification
+
+namespace {
+
+// A record of family f and full model m (split into its fields for families
+// 6 and 15) with the flags named by letters: b..i, l logical processors, w 64-bit.
+vdlOrvanCpuId ident(unsigned f, unsigned m, const char* flags, unsigned cores = 1,
+                    unsigned extFamily = 0) {
+    vdlOrvanCpuId id;
+    memset(&id, 0, sizeof id);
+    id.family = f;
+    id.model = (f == 6 || f == 15) ? m & 15 : m;
+    id.extModel = (f == 6 || f == 15) ? m >> 4 : 0;
+    id.extFamily = extFamily;
+    id.cores = cores;
+    for (const char* c = flags; *c; ++c) {
+        unsigned* field[] = {&id.flagB, &id.flagC, &id.flagD, &id.flagE, &id.flagF,
+                             &id.flagG, &id.flagH, &id.flagI};
+        if (*c == 'l') id.logicalProcessors = 1;
+        else if (*c == 'w') id.wide64 = 1;
+        else *field[*c - 'b'] = 1;
+    }
+    return id;
+}
+
+}  // namespace
+
+TEST(CpuClassification, MakersModels) {
+    EXPECT_EQ(vdlCpuGen5, kvClassifyCpu(ident(5, 2, ""), true));
+    EXPECT_EQ(vdlCpuGen5Mmx, kvClassifyCpu(ident(5, 4, ""), true));
+    EXPECT_EQ(vdlCpuGen6, kvClassifyCpu(ident(6, 1, ""), true));
+    EXPECT_EQ(vdlCpuGen6Mmx, kvClassifyCpu(ident(6, 6, ""), true));
+    EXPECT_EQ(vdlCpuGen6Ssx, kvClassifyCpu(ident(6, 11, "b"), true));
+    EXPECT_EQ(vdlCpuMobileSse2, kvClassifyCpu(ident(6, 13, "bc"), true));
+    EXPECT_EQ(vdlCpuMobileSse3, kvClassifyCpu(ident(6, 14, "bcd"), true));
+    EXPECT_EQ(vdlCpuMobileSse3Dual, kvClassifyCpu(ident(6, 14, "bcd", 2), true));
+    EXPECT_EQ(vdlCpuWideSsse3, kvClassifyCpu(ident(6, 15, "e", 2), true));
+    EXPECT_EQ(vdlCpuWideSsse3Quad, kvClassifyCpu(ident(6, 15, "e", 4), true));
+    EXPECT_EQ(vdlCpuWideSse41, kvClassifyCpu(ident(6, 23, "ef"), true));
+    EXPECT_EQ(vdlCpuWideSse42, kvClassifyCpu(ident(6, 26, "efg"), true));
+    EXPECT_EQ(vdlCpuAvx, kvClassifyCpu(ident(6, 26, "efgi"), true));
+    EXPECT_EQ(vdlCpuLowPowerMovbe, kvClassifyCpu(ident(6, 28, "eh"), true));
+    EXPECT_EQ(vdlCpuDeepSse2, kvClassifyCpu(ident(15, 2, "bc"), true));
+    EXPECT_EQ(vdlCpuDeepSse2Tandem, kvClassifyCpu(ident(15, 2, "bcl"), true));
+    EXPECT_EQ(vdlCpuDeepSse3, kvClassifyCpu(ident(15, 4, "d"), true));
+    EXPECT_EQ(vdlCpuDeepSse3Wide64, kvClassifyCpu(ident(15, 4, "dw"), true));
+}
+
+TEST(CpuClassification, EverythingElseFallsToExtensionLevels) {
+    // The extended model joins the model for families 6 and 15 only.
+    vdlOrvanCpuId gen5 = ident(5, 4, "");
+    gen5.extModel = 1;
+    EXPECT_EQ(vdlCpuGen5Mmx, kvClassifyCpu(gen5, true));
+    EXPECT_EQ(vdlCpuSse3, kvClassifyCpu(ident(6, 15, "d"), true));        // model 15 needs e
+    EXPECT_EQ(vdlCpuSsse3, kvClassifyCpu(ident(6, 28, "e"), true));       // model 28 needs e, h
+    EXPECT_EQ(vdlCpuSse3, kvClassifyCpu(ident(15, 3, "d", 1, 1), true));  // family 16
+    EXPECT_EQ(vdlCpuUnknown, kvClassifyCpu(ident(5, 3, ""), true));
+    EXPECT_EQ(vdlCpuWide64, kvClassifyCpu(ident(5, 3, "w"), true));
+    // Another maker's model numbers mean nothing; the newest extension counts.
+    EXPECT_EQ(vdlCpuUnknown, kvClassifyCpu(ident(6, 14, "", 2), false));
+    EXPECT_EQ(vdlCpuSsx, kvClassifyCpu(ident(6, 14, "b", 2), false));
+    EXPECT_EQ(vdlCpuSse2, kvClassifyCpu(ident(6, 14, "bcw", 2), false));
+    EXPECT_EQ(vdlCpuSse41, kvClassifyCpu(ident(6, 23, "bcdef"), false));
+    EXPECT_EQ(vdlCpuSse42, kvClassifyCpu(ident(6, 26, "bcdefg"), false));
+    EXPECT_EQ(vdlCpuAvx, kvClassifyCpu(ident(6, 26, "bcdefghiw"), false));
+}
+
+TEST(CpuClassification, ThisMachine) {
+    vdlOrvanCpuId id;
+    vdl_get_cpu_ident(&id);
+    VdlCpuType type = kv_vdlGetCpuType();
+    EXPECT_EQ(kvClassifyCpu(id, vdl_is_GenuineOrvan() != 0), type);
+    EXPECT_NE(vdlCpuUnknown, type);  // every x86-64 processor has SSE2 at least
+    EXPECT_EQ(vdl_get_cores_on_die(), kv_vdlGetNumCoresOnDie());
+}
+
+// ---------------------------------------------------------------- type table
+
+TEST(CpuTypeTable, LabelsNamesAndValuesOfTheLibrary) {
+    const int values[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 16, 17, 32,
+                          33, 34, 35, 36, 37, 38, 64, 65, 66, 67, 68, 69, 70, 71, 96};
+    for (int v : values) {
+        kvString label = kvCpuType::cpuLabel(v);
+        EXPECT_NE(kvString("Undefined"), label) << v;
+        EXPECT_EQ(v, kvCpuType::cpuType(label)) << label.c_str();
+    }
+    EXPECT_EQ(vdlCpuWideSse41, kvCpuType::cpuType("WideSse41"));
+    EXPECT_EQ(-1, kvCpuType::cpuType("avx2"));
+    EXPECT_EQ(-1, kvCpuType::cpuType("Avx2 "));
+    EXPECT_STREQ("Undefined", kvCpuType::cpuLabel(12).c_str());
+    EXPECT_STREQ("Unknown processor", kvCpuType::cpuName(0).c_str());
+    EXPECT_STREQ("Unknown processor", kvCpuType::cpuName(12).c_str());
+    EXPECT_EQ(0, kvCpuType::cpuName(vdlCpuNextAvx).find("Orvan Next"));
+}
+
+TEST(CpuTypeTable, CoreCountWordOnlyForTheSse41Line) {
+    kvString name = kvCpuType::cpuName(vdlCpuWideSse41);
+    int cores = kv_vdlGetNumCoresOnDie();
+    EXPECT_EQ(cores == 2, name.found(" 2 Duo "));
+    EXPECT_EQ(cores == 4, name.found(" 2 Quad "));
+    EXPECT_TRUE(name.found(" 2 "));
+    EXPECT_FALSE(kvCpuType::cpuName(vdlCpuWideSsse3Quad).found("Duo"));
+}
+
+TEST(CpuTypeTable, FormatLabelAndOptimizedList) {
+    EXPECT_STREQ("Avx      ", formatLabel("Avx").c_str());
+    EXPECT_STREQ("WideSse41", formatLabel("WideSse41").c_str());
+    EXPECT_STREQ("DeepSse2Tandem", formatLabel("DeepSse2Tandem").c_str());
+
+    std::string list = kvCpuType::optimizedList().c_str();
+    EXPECT_EQ(0u, list.find("Unknown  : non optimized code\nGen5     : optimized for Orvan "));
+    EXPECT_TRUE(contains(list, "\nDeepSse2Tandem: optimized for "));
+    EXPECT_FALSE(contains(list, "NextAvx"));
+    size_t lines = 0;
+    for (char c : list) lines += c == '\n';
+    EXPECT_EQ(29u, lines);
+}
+
+// ---------------------------------------------------------------- the report
+
+namespace {
+
+std::vector<Leaf> fullModel(const char* vendor) {
+    char brand[48] = "Orvan Test Processor 1.00GHz";
+    std::vector<Leaf> leaves = {
+        vendorLeaf(4, vendor),
+        {1, 0, {0x000106A5u, 0x00020012u, 0x00180201u, 0x16800000u}},
+        {4, 0, {0x0C004021u, 0x01C0003Fu, 63, 0}},
+        {4, 1, {0x0C004122u, 0x01C0003Fu, 63, 0}},
+        {4, 2, {0x0C004243u, 0x03C0003Fu, 1023, 3}},
+        {4, 3, {0x65u, 0, 0, 0}},
+        {0x80000000u, 0, {0x80000006u, 0, 0, 0}},
+        {0x80000001u, 0, {0, 0, 0, 0x20000000u}},
+        {0x80000006u, 0, {0, 0, 0x04006040u, 0}},
+    };
+    for (unsigned i = 0; i < 3; ++i) {
+        Leaf leaf = {0x80000002u + i, 0, {0, 0, 0, 0}};
+        memcpy(leaf.regs, brand + 16 * i, 16);
+        leaves.push_back(leaf);
+    }
+    return leaves;
+}
+
+std::string cacheBlock(const char* title, int level, int kb, int threads, int sets, int line,
+                       int ways) {
+    char text[1024];
+    snprintf(text, sizeof text,
+             "\n%s    %s\n\n"
+             "Cache Level       %d\n"
+             "Cache Size Kb     %d\n"
+             "Threads Sharing   %-4d - Maximum number of threads sharing this cache\n"
+             "Number of Sets    %d\n"
+             "Line Size         %-4d - System coherency line size\n"
+             "Line Partitions   1    - Physical line partitions\n"
+             "Associativity     %-4d - Ways of associativity\n",
+             singleLine, title, level, kb, threads, sets, line, ways);
+    return text;
+}
+
+// The report as a run writes it, through the pseudo-test's own loop.
+std::string report(OutputLevel level) {
+    Capture out(level);
+    __kvOrvanCpuTest test("__kvOrvanCpu", "api/src/kv", "__kvOrvanCpuTest/Orvan CPU information");
+    test.loopData();
+    return out.text();
+}
+
+}  // namespace
+
+TEST(CpuReport, FullReportOfTheMakersProcessor) {
+    ModelCpu cpu(fullModel("GenuineOrvan"));
+    std::string dl = doubleLine;
+    std::string expected =
+        std::string(starLine) +
+        "    Orvan(R) Processor Identification\n"
+        "    Got by CPUID Instruction Functions\n" +
+        starLine +
+        "\n"
+        "Largest Standard Function 0x00000004\n"
+        "Largest Extended Function 0x80000006\n"
+        "Vendor-ID      GenuineOrvan\n"
+        "Brand String   Orvan Test Processor 1.00GHz\n"
+        "\n" + dl +
+        "    Processor Identification Signature\n\n"
+        "Family   6\n"
+        "Model    26\n"
+        "Stepping 5\n"
+        "Type     0\n"
+        "Brand ID 0x12\n"
+        "\n" + dl +
+        "    Selected Feature Flags\n\n"
+        "MMX        1 - 64-bit packed-integer SIMD instructions\n"
+        "SSX        1 - First 128-bit SIMD extension (packed single precision, MXCSR)\n"
+        "SSE2       1 - 128-bit SIMD extension for double precision and integers\n"
+        "SSE3       1 - SIMD extension 3 (horizontal add/subtract, LDDQU, and others)\n"
+        "SSSE3      1 - Supplemental SIMD extension 3\n"
+        "SSE4.1     1 - SIMD extension 4.1\n"
+        "SSE4.2     1 - SIMD extension 4.2 (string compare, CRC32)\n"
+        "x2APIC     0 - x2APIC mode of the local APIC\n"
+        "Orvan64    1 - Orvan 64-bit architecture (64-bit long mode) available\n"
+        "\n" + dl +
+        "    Multi Threading Features\n\n"
+        "Tandem Technology or Nucleus Multi-Processing is supported\n"
+        "Logical Processors 2 - Number of logical processors per physical package\n"
+        "Cores per Package  4 - Maximum number of processor cores per package\n"
+        "\n" + dl +
+        "    Deterministic Cache Parameters\n" +
+        cacheBlock("Data Cache", 1, 32, 2, 64, 64, 8) +
+        cacheBlock("Instruction Cache", 1, 32, 2, 64, 64, 8) +
+        "Self Initializing cache level\n" +
+        cacheBlock("Unified Cache", 2, 1024, 2, 1024, 64, 16) +
+        "Fully Associative cache\n"
+        "Cache is inclusive to lower cache levels\n"
+        "WBINVD/INVD behavior on lower level caches\n" +
+        cacheBlock("Cache Type 5", 3, 0, 1, 1, 1, 1) +
+        "\n" + dl +
+        "    Extended L2 Cache Features\n\n"
+        "L2 Cache Size Kb       1024\n"
+        "L2 Cache Line Size     64\n"
+        "L2 Cache Associativity 8-Way\n" +
+        starLine;
+    EXPECT_EQ(expected, report(ERR | WARN | PERF));
+}
+
+TEST(CpuReport, OtherVendorIsWarnedAboutAndLimitsNeedPerformanceLevel) {
+    ModelCpu cpu(fullModel("OtherMakerXY"));
+    std::string text = report(ERR);
+    EXPECT_TRUE(contains(text, "    Got by CPUID Instruction Functions\n"
+                               "\n"
+                               "    ATTENTION! It is not Genuine Orvan processor.\n"
+                               "    Information below may be inadequate.\n" +
+                                   std::string(starLine) + "\nVendor-ID      OtherMakerXY\n"));
+    EXPECT_FALSE(contains(text, "Largest Standard Function"));
+    EXPECT_TRUE(contains(text, "    Deterministic Cache Parameters\n"));
+}
+
+TEST(CpuReport, SectionsOfAbsentFunctionsAreLeftOut) {
+    ModelCpu cpu({vendorLeaf(1, "GenuineOrvan"),
+                  {1, 0, {0x00000F29u, 0x00010000u, 0, 0x10000000u}},
+                  {4, 0, {0x0C004021u, 0x01C0003Fu, 63, 0}}});
+    std::string text = report(ERR | PERF);
+    EXPECT_TRUE(contains(text, "Largest Extended Function 0x00000000\n"));
+    EXPECT_TRUE(contains(text, "Family   15\nModel    2\nStepping 9\nType     0\n\n"));
+    EXPECT_FALSE(contains(text, "Brand"));
+    EXPECT_TRUE(contains(text, "Orvan64    0 - "));
+    // One logical processor: the tandem bit alone does not count.
+    EXPECT_TRUE(contains(text, "No support of Tandem Technology and Nucleus Multi-Processing\n"
+                               "Logical Processors 1 - "));
+    EXPECT_FALSE(contains(text, "Cores per Package"));
+    EXPECT_FALSE(contains(text, "Deterministic Cache Parameters"));
+    EXPECT_FALSE(contains(text, "Extended L2 Cache Features"));
+    EXPECT_EQ(text.size() - strlen(starLine), text.rfind(starLine));
+}
+
+TEST(CpuReport, ThisMachine) {
+    std::string text = report(ERR);
+    EXPECT_EQ(0u, text.find(std::string(79, '*') + "\n"));
+    EXPECT_EQ(vdl_is_GenuineOrvan() == 0, contains(text, "    ATTENTION! It is not Genuine"));
+    EXPECT_TRUE(contains(text, "    Selected Feature Flags\n\nMMX        1 - "));
+    EXPECT_EQ(CPUID::validFunction(4), contains(text, "\n" + std::string(79, '-') + "\n"));
+    EXPECT_TRUE(contains(text, "\n" + std::string(79, '=') + "\n"));
+}
