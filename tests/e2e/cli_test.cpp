@@ -1,0 +1,269 @@
+// The program as a user meets it: command keys, console answers on standard
+// input, the files it reads and writes beside itself, and its exit code.
+// Selections name only the processor pseudo-test or nothing at all, so the
+// tests hold whatever the catalogue holds.
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Result {
+    int code = -1;
+    std::string out;
+};
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+std::string readFile(const std::string& path) {
+    std::ifstream in(path);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+void writeFile(const std::string& path, const std::string& text) {
+    std::ofstream(path) << text;
+}
+
+bool exists(const std::string& path) {
+    struct stat st;
+    return stat(path.c_str(), &st) == 0;
+}
+
+// A directory with a link to the program in it, so that every default file
+// lies there; removed with all it holds.
+class Sandbox {
+public:
+    Sandbox() {
+        char pattern[] = "/tmp/kelvar_cliXXXXXX";
+        m_dir = mkdtemp(pattern);
+        m_exe = m_dir + "/kelvar";
+        if (symlink(KELVAR_EXE, m_exe.c_str()) != 0) m_exe = KELVAR_EXE;
+    }
+    ~Sandbox() { std::system(("rm -rf " + m_dir).c_str()); }
+
+    std::string path(const std::string& name) const { return m_dir + "/" + name; }
+    const std::string& dir() const { return m_dir; }
+
+    // Runs the program from `cwd` (the sandbox by default) with `input` on
+    // standard input; returns its exit code and standard output.
+    Result run(const std::vector<std::string>& args, const std::string& input = "",
+               const std::string& cwd = "") const {
+        int in[2], out[2];
+        Result r;
+        if (pipe(in) != 0 || pipe(out) != 0) return r;
+        pid_t pid = fork();
+        if (pid == 0) {
+            dup2(in[0], 0);
+            dup2(out[1], 1);
+            close(in[1]);
+            close(out[0]);
+            if (chdir((cwd.empty() ? m_dir : cwd).c_str()) != 0) _exit(126);
+            std::vector<char*> argv;
+            argv.push_back(const_cast<char*>(m_exe.c_str()));
+            for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+            argv.push_back(nullptr);
+            execv(m_exe.c_str(), argv.data());
+            _exit(127);
+        }
+        close(in[0]);
+        close(out[1]);
+        // The answers are short, far below what a pipe holds.
+        if (!input.empty() && write(in[1], input.data(), input.size()) < 0) r.code = -2;
+        close(in[1]);
+        char buf[4096];
+        ssize_t n;
+        while ((n = read(out[0], buf, sizeof buf)) > 0) r.out.append(buf, n);
+        close(out[0]);
+        int status = 0;
+        waitpid(pid, &status, 0);
+        r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return r;
+    }
+
+private:
+    std::string m_dir;
+    std::string m_exe;
+};
+
+const char* const kBanner = "\nOrvan(R) Vdl Primitives. Kelvar System 2.0, ";
+const char* const kNothing = "-fNoFunctionHasThisName";
+
+// ---------------------------------------------------------------- help, version
+
+TEST(CliHelp, HelpAndVersionEndTheRunEarly) {
+    Sandbox box;
+    Result r = box.run({"-h", "-B"});
+    EXPECT_EQ(0, r.code);
+    EXPECT_EQ(0u, r.out.find(std::string("Command line options: \n-h: type short help and exit\n"
+                                         "-B: ignored because of -h option\n") +
+                             kBanner));
+    EXPECT_TRUE(contains(r.out, "\nQUICK HELP\n-B               = batch mode (no console input)\n"));
+    EXPECT_FALSE(contains(r.out, "-SU"));
+    EXPECT_FALSE(contains(r.out, "| CPU"));   // no run title
+
+    r = box.run({"-hh"});
+    EXPECT_TRUE(contains(r.out, "EXTENDED HELP\n\n-B               = batch mode (no console input)\n"
+                                "If both -B and -A key present in command line then -B key is performed\n"));
+    r = box.run({"-hL"});
+    EXPECT_TRUE(contains(r.out, "EXTENDED KEY HELP\n-L<ERR|WARN|PERF|INFO|TRACE|DATA> = set detail "
+                                "level of the console output\nERR  : output errors\n"));
+    r = box.run({"-?"});
+    EXPECT_TRUE(contains(r.out, "QUICK HELP with hidden keys\n"));
+    EXPECT_TRUE(contains(r.out, "-SU              = measure functions with data set & use\n"));
+    r = box.run({"-h?"});
+    EXPECT_TRUE(contains(r.out, "EXTENDED KEY HELP\nKey -? is deprecated\n"));
+
+    r = box.run({"-v"});
+    EXPECT_EQ(0, r.code);
+    EXPECT_EQ(0u, r.out.find(std::string("Command line options: \n-v: type the version number of "
+                                         "the Kelvar System and exit\n") + kBanner));
+    EXPECT_FALSE(contains(r.out, "| CPU"));
+    r = box.run({"-v", "-e", "-f=__kvOrvanCpu"});
+    EXPECT_LT(r.out.find(kBanner), r.out.find("__kvOrvanCpu\t"));
+}
+
+// ---------------------------------------------------------------- selection
+
+TEST(CliEnumerate, SelectionsNarrowTheList) {
+    Sandbox box;
+    Result r = box.run({"-e", "-f__kvOrvanCpu"});
+    EXPECT_EQ(0, r.code);
+    EXPECT_TRUE(contains(r.out, "-e: enumerate tested functions and exit\n"
+                                "-f__kvOrvanCpu: test functions containing '__kvOrvanCpu'\n"));
+    EXPECT_TRUE(contains(r.out, "\t__kvOrvanCpu\t__kvOrvanCpuTest\t"));
+
+    r = box.run({"-e", "-t=__kvOrvanCpuTest", "-f-Orvan"});
+    EXPECT_TRUE(contains(r.out, "-f-Orvan: don't test functions containing 'Orvan'\n"));
+    EXPECT_FALSE(contains(r.out, "\t__kvOrvanCpu\t"));
+
+    r = box.run({"-e", "-t", "-", "-t=__kvOrvanCpuTest", kNothing});
+    EXPECT_TRUE(contains(r.out, "-t-: ignored: empty test pattern\n"));
+    EXPECT_TRUE(contains(r.out, "\t__kvOrvanCpu\t"));   // either first-group key suffices
+}
+
+// ---------------------------------------------------------------- keys and files
+
+TEST(CliKeys, ReportLinesOfABatchRun) {
+    Sandbox box;
+    Result r = box.run({"-B", "-x", "-Lwarn", "-dfoo", "-YHIGH", "-Q", kNothing});
+    EXPECT_EQ(0, r.code);
+    EXPECT_EQ(0u, r.out.find("Command line options: \n-B: batch mode\n"
+                             "-x: ignored: incorrect option key\n"
+                             "-Lwarn: ignored: incorrect level of console output\n"
+                             "-dfoo: ignored: incorrect data format\n"
+                             "-YHIGH: set high process priority\n"
+                             "-Q: exit after function parameter name table creation and don't run "
+                             "tests\n\n"));
+    // No questions in batch mode; the defaults show.
+    EXPECT_FALSE(contains(r.out, "] = "));
+    EXPECT_TRUE(contains(r.out, " Method = Auto\n Accuracy = 5\n AlignVectorsBy = element\n"
+                                " VectorAlign = 0\n"));
+    EXPECT_TRUE(contains(r.out, "| KV Summary"));
+}
+
+TEST(CliKeys, CfgFileOnlyWithoutArguments) {
+    Sandbox box;
+    writeFile(box.path("kelvar.cfg"), "-v;-B\n-h\n");
+    Result r = box.run({});
+    EXPECT_EQ(0u, r.out.find("Command line options: read from kelvar.cfg file\n"
+                             "-v: type the version number of the Kelvar System and exit\n"
+                             "-B: ignored because of -v option\n"));
+    EXPECT_FALSE(contains(r.out, "QUICK HELP"));
+
+    // From elsewhere the file is found beside the program.
+    r = box.run({}, "", "/");
+    EXPECT_EQ(0u, r.out.find("Command line options: read from " + box.path("kelvar.cfg") + " file\n"));
+
+    r = box.run({"-v"});
+    EXPECT_EQ(0u, r.out.find("Command line options: \n-v: "));
+}
+
+TEST(CliKeys, IniFileWrittenReadBackAndBeatenByData) {
+    Sandbox box;
+    Result r = box.run({"-B", "-I", "-f=__kvOrvanCpu"});
+    EXPECT_EQ(0, r.code);
+    EXPECT_TRUE(contains(r.out, "-I: write KV parameters to " + box.path("kelvar.ini") + " and exit\n"));
+    std::string ini = readFile(box.path("kelvar.ini"));
+    EXPECT_EQ(0u, ini.find("\n[Kelvar System]\nMethod=Auto\t// "));
+    EXPECT_TRUE(contains(ini, "\nAccuracy=5"));
+    EXPECT_TRUE(contains(ini, "\nAlignVectorsBy=element"));
+    EXPECT_TRUE(contains(ini, "\nVectorAlign=0"));
+    EXPECT_FALSE(contains(ini, "NumLoops"));
+
+    writeFile(box.path("kelvar.ini"), "[Kelvar System]\nMethod=Manual\nNumLoops=20\nVectorAlign=3\n");
+    r = box.run({"-B", "-i", kNothing});
+    EXPECT_TRUE(contains(r.out, "-i: read from " + box.path("kelvar.ini") + "\n"));
+    EXPECT_TRUE(contains(r.out, " Method = Manual\n NumLoops = 20\n AlignVectorsBy = element\n"
+                                " VectorAlign = 3\n MisalignFirstVectorOnly = yes\n"));
+
+    r = box.run({"-B", "-dNumLoops=30", "-i", "-dVectorAlign=70", kNothing});
+    EXPECT_TRUE(contains(r.out, " NumLoops = 30\n"));
+    EXPECT_TRUE(contains(r.out, " VectorAlign = 6\n"));
+}
+
+TEST(CliKeys, ConsoleAnswersAndEndOfInput) {
+    Sandbox box;
+    Result r = box.run({kNothing}, "Manual\n25\n");
+    EXPECT_EQ(0, r.code);
+    EXPECT_TRUE(contains(r.out, "Specify timing method, please"));
+    EXPECT_TRUE(contains(r.out, "\n Method {Auto|Manual|Statistic|Iterative} [Auto] = "));
+    EXPECT_TRUE(contains(r.out, "\n NumLoops [10] = "));
+    EXPECT_TRUE(contains(r.out, " NumLoops = 25\n"));
+    EXPECT_FALSE(contains(r.out, "Accuracy"));
+    EXPECT_TRUE(contains(r.out, "End of common specifications"));
+    // Misalignment is not asked without -A.
+    EXPECT_FALSE(contains(r.out, "VectorAlign by"));
+
+    r = box.run({kNothing}, "");
+    EXPECT_TRUE(contains(r.out, " Method = Auto\n"));
+    EXPECT_TRUE(contains(r.out, "\n Accuracy, % [5] = "));
+    EXPECT_TRUE(contains(r.out, " Accuracy = 5\n"));
+
+    r = box.run({"-AMisalign", kNothing}, "byte\n70\nno\n");
+    EXPECT_FALSE(contains(r.out, "Specify timing method"));
+    EXPECT_TRUE(contains(r.out, "Specify vectors alignment, please"));
+    EXPECT_TRUE(contains(r.out, "VectorAlign by Byte, 0..63 [0] = "));
+    EXPECT_TRUE(contains(r.out, " VectorAlign = 6\n"));
+    EXPECT_TRUE(contains(r.out, " MisalignFirstVectorOnly = no\n"));
+}
+
+TEST(CliKeys, UnopenedFileIsFatalAndTheSignalFileStillComes) {
+    Sandbox box;
+    Result r = box.run({"-g", "-r" + box.path("missing/t.csv"), "-B"});
+    EXPECT_EQ(0, r.code);
+    EXPECT_TRUE(contains(r.out, "-g: create file " + box.path("kelvar.end") + " at the end of KV work\n"));
+    EXPECT_TRUE(contains(r.out, "-B: batch mode\n"));
+    EXPECT_TRUE(contains(r.out, "FATAL ERROR: can't open output file for writing\n"));
+    EXPECT_FALSE(contains(r.out, "| KV Summary"));
+    std::string signal = readFile(box.path("kelvar.end"));
+    EXPECT_NE(0u, signal.size());
+    EXPECT_EQ('\n', signal.back());
+
+    r = box.run({"-I" + box.path("missing/k.ini")});
+    EXPECT_TRUE(contains(r.out, "FATAL ERROR: can't open ini-file for writing\n"));
+}
+
+TEST(CliKeys, DirectoryAndNameKeysActBeforeFileKeys) {
+    Sandbox box;
+    mkdir(box.path("out").c_str(), 0755);
+    Result r = box.run({"-o", "-u", "-v", "-lout", "-nrun"});
+    EXPECT_TRUE(contains(r.out, "-o: write console output to " + box.path("out/run.txt") + "\n"));
+    EXPECT_TRUE(contains(r.out, "-u: ignored because of -v option\n"));
+    EXPECT_TRUE(exists(box.path("out/run_sum.csv")));
+    EXPECT_TRUE(contains(readFile(box.path("out/run.txt")), "Kelvar System 2.0"));
+}
+
+}  // namespace

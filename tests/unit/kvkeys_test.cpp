@@ -1,0 +1,616 @@
+// Command keys: the tokenizer, argument translations, run selection, the
+// report line of each key, help, and the run's common parameters.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "kv/kvkeys.h"
+#include "kv/kvsession.h"
+#include "kvconditions.h"
+#include "kvcputype.h"
+#include "kvistream.h"
+#include "kvmemory.h"
+#include "kvparameter.h"
+#include "kvtest.h"
+#include "kvtestlist.h"
+#include "kvtool/kvtool.h"
+
+namespace {
+
+std::string str(const kvString& s) { return s.c_str(); }
+
+// Every key of a tokenized line as "letter:argument".
+std::string keysOf(const kvCommandList& list) {
+    std::string r;
+    for (kvCommandList::iterator it = list.begin(); it != list.end(); ++it) {
+        if (!r.empty()) r += ' ';
+        r += it->m_key;
+        r += ':';
+        r += it->m_arg.c_str();
+    }
+    return r;
+}
+
+std::string tokenize(std::vector<const char*> words) {
+    kvCommandList list;
+    list.setArgs((int)words.size(), const_cast<char**>(words.data()));
+    return keysOf(list);
+}
+
+std::string tokenizeLine(const char* line) {
+    kvCommandList list;
+    list.setArgs(line);
+    return keysOf(list);
+}
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+// Collects what g_ostrm writes during one test, at the given level.
+class Capture {
+public:
+    explicit Capture(OutputLevel level = 7) : m_file(tmpfile()), m_stream(m_file) {
+        m_level = g_ostrm.getOutLevel();
+        g_ostrm.addStream(&m_stream);
+        g_ostrm.setOutLevel(level);
+    }
+    ~Capture() {
+        for (kvOStream::iterator it = g_ostrm.begin(); it != g_ostrm.end(); ++it) {
+            if (*it == &m_stream) {
+                g_ostrm.erase(it);
+                break;
+            }
+        }
+        g_ostrm.setOutLevel(m_level);
+    }
+    std::string text() const {
+        fflush(m_file);
+        std::string r;
+        rewind(m_file);
+        char buf[4096];
+        size_t n;
+        while ((n = fread(buf, 1, sizeof buf, m_file)) > 0) r.append(buf, n);
+        return r;
+    }
+private:
+    FILE* m_file;
+    o_stream m_stream;
+    OutputLevel m_level;
+};
+
+// Puts back every global that a key changes.
+void resetKeyGlobals() {
+    s_hintArg = 0;
+    s_hintHide = false;
+    s_version = false;
+    s_cpuType = -1;
+    s_numThreads = 0;
+    vdlEnvironment = 0;
+    kvTest::m_hot = 0;
+    kvTest::m_pressing = false;
+    kvTest::m_cache = false;
+    kvTool::m_priority = 0;
+    g_tool.m_setUse = false;
+    kvTestList::m_startFunc = "";
+    g_istrm.dataList().clear();
+    g_istrm.deleteIniFile();
+    g_istrm.setIStream(0);
+}
+
+class TempDir {
+public:
+    TempDir() {
+        char pattern[] = "/tmp/kvkeysXXXXXX";
+        m_dir = mkdtemp(pattern);
+    }
+    ~TempDir() { std::system(("rm -rf " + m_dir).c_str()); }
+    std::string path(const char* name = "") const { return m_dir + "/" + name; }
+private:
+    std::string m_dir;
+};
+
+// A session with the whole key table, as initSession builds it, but without
+// binding the library.
+class KeysTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        resetKeyGlobals();
+        m_session.m_conditions = new kvConditions;
+        m_session.registerOptions(true);
+    }
+    void TearDown() override {
+        for (kvConditions::iterator it = m_session.m_conditions->begin();
+             it != m_session.m_conditions->end(); ++it)
+            delete *it;
+        delete m_session.m_conditions;
+        resetKeyGlobals();
+    }
+
+    // Runs parseCommandLine on the words and returns what it reported.
+    std::string parse(std::vector<const char*> words, bool* result = 0) {
+        std::vector<char*> argv;
+        argv.push_back(const_cast<char*>(m_exe.c_str()));
+        for (const char* w : words) argv.push_back(const_cast<char*>(w));
+        Capture out;
+        bool ok = m_session.parseCommandLine((int)argv.size(), argv.data());
+        if (result) *result = ok;
+        return out.text();
+    }
+
+    std::string help(char arg, bool hide) {
+        Capture out;
+        m_session.hint(arg, hide);
+        return out.text();
+    }
+
+    kvSession m_session;
+    std::string m_exe = "/opt/kv/bin/kelvar";
+};
+
+// ---------------------------------------------------------------- tokenizer
+
+TEST(KvCommandList, Tokenizing) {
+    EXPECT_EQ("f:-abc", tokenize({"-f-", "abc"}));
+    EXPECT_EQ("f:-abc", tokenize({"-f-abc"}));
+    EXPECT_EQ("f:=x B:", tokenize({"-f=", "x", "/B"}));
+    EXPECT_EQ("f:+ B:", tokenize({"-f+", "-B"}));
+    // With a glued argument the next word is read and lost.
+    EXPECT_EQ("f:abc B:", tokenize({"-fabc", "def", "-B"}));
+    // A path in the next word is a key of its own; a lone "-" is an argument.
+    EXPECT_EQ("i: t:mp/x", tokenize({"-i", "/tmp/x"}));
+    EXPECT_EQ("e:-", tokenize({"-e", "-"}));
+    // A word in key position that is no key goes, with its follower.
+    EXPECT_EQ("B:", tokenize({"junk", "more", "-B"}));
+    EXPECT_FALSE(isKeyString("-"));
+    EXPECT_FALSE(isKeyString("ab"));
+    EXPECT_EQ("B: f:Log d:a=1 L:WARN", tokenizeLine("-B;-fLog  -d a=1\t-LWARN\r\n"));
+}
+
+TEST(KvCommandList, LastOccurrenceWins) {
+    kvCommandList list;
+    list.setArgs("-pA -B -pB -n");
+    kvString arg;
+    ASSERT_TRUE(list.getArg('p', arg));
+    EXPECT_EQ("B", str(arg));
+    ASSERT_TRUE(list.getArg('n', arg));
+    EXPECT_EQ("", str(arg));
+    EXPECT_FALSE(list.isKey('x'));
+    EXPECT_FALSE(list.getArg('x', arg));
+    EXPECT_EQ(' ', list.end()->m_key);
+    EXPECT_FALSE(kvCommandList().getArg('p', arg));
+}
+
+// ---------------------------------------------------------------- translations
+
+TEST(KvKeyArgs, Translations) {
+    EXPECT_EQ(15, getAskLevel(""));
+    EXPECT_EQ(15, getAskLevel("All"));
+    EXPECT_EQ(15, getAskLevel("timing"));
+    EXPECT_EQ(3, getAskLevel("TimingParams"));
+    EXPECT_EQ(4, getAskLevel("Misalign"));
+
+    const char* levels[] = {"ERR", "WARN", "PERF", "INFO", "TRACE", "DATA", "M", "err"};
+    const int values[] = {1, 3, 7, 15, 23, 87, 39, 0};
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(values[i], getLevel(levels[i])) << levels[i];
+
+    EXPECT_EQ(1, getPriority("HIGH"));
+    EXPECT_EQ(2, getPriority("N"));
+    EXPECT_EQ(3, getPriority("LOW"));
+    EXPECT_EQ(0, getPriority("high"));
+    EXPECT_EQ(0, getPriority(""));
+
+    struct Case { const char* in; int kind; const char* out; };
+    const Case cases[] = {{"", 4, ""},    {"=", 4, ""},   {"-", 4, ""},       {"=a", 3, "a"},
+                          {"+a", 1, "a"}, {"-a", 2, "a"}, {"a-b", 0, "a-b"}, {"==a", 3, "=a"}};
+    for (const Case& c : cases) {
+        kvString arg(c.in);
+        EXPECT_EQ(c.kind, getCondition(arg)) << c.in;
+        EXPECT_EQ(c.out, str(arg)) << c.in;
+    }
+}
+
+// ---------------------------------------------------------------- selection
+
+// The functions that the -f/-t keys (written as "f-Gauss", "t=TimVQ") leave.
+std::string selected(std::vector<const char*> keys) {
+    kvTest tests[] = {{0, 0, "vdlsLogAdd_32f", "p_log_au", "TimLogAdd/d"},
+                      {0, 0, "vdlsLogGauss_32f_D2", "p_lgauss_au", "TimLGauss/d"},
+                      {0, 0, "vdlsLogGauss_16s32f_D2", "p_lgauss_au", "TimLGauss/d"},
+                      {0, 0, "vdlsVQ_16s", "p_vq_au", "TimVQ/d"}};
+    kvConditions conditions;
+    for (const char* k : keys)
+        if (RunCondition* c = kvMakeCondition(k[0] == 'f', k + 1))
+            conditions.insert(conditions.end(), c);
+    std::string r;
+    for (kvTest& t : tests)
+        if (conditions.tobeRun(&t)) r += std::string(r.empty() ? "" : " ") + t.m_name.c_str();
+    for (kvConditions::iterator it = conditions.begin(); it != conditions.end(); ++it) delete *it;
+    return r;
+}
+
+TEST(KvConditions, TwoGroupRule) {
+    const std::string all = "vdlsLogAdd_32f vdlsLogGauss_32f_D2 vdlsLogGauss_16s32f_D2 vdlsVQ_16s";
+    EXPECT_EQ(all, selected({}));
+    EXPECT_EQ(all, selected({"f=", "t"}));   // empty patterns build nothing
+    EXPECT_EQ("vdlsLogAdd_32f", selected({"fLog", "f-Gauss"}));
+    EXPECT_EQ("vdlsLogAdd_32f vdlsVQ_16s", selected({"fLogAdd", "fVQ"}));
+    EXPECT_EQ("vdlsLogGauss_32f_D2 vdlsLogGauss_16s32f_D2", selected({"f+32f", "f+D2"}));
+    // "=" does not exempt from "-".
+    EXPECT_EQ("", selected({"f=vdlsVQ_16s", "f-VQ"}));
+    // Function and test keys share the first group.
+    EXPECT_EQ("vdlsLogGauss_32f_D2 vdlsLogGauss_16s32f_D2 vdlsVQ_16s", selected({"fVQ", "tTimLG"}));
+    EXPECT_EQ("vdlsLogGauss_32f_D2 vdlsLogGauss_16s32f_D2", selected({"t=TimLGauss"}));
+    EXPECT_EQ("", selected({"t=TimLGaus"}));
+    EXPECT_EQ("", selected({"flog"}));
+    EXPECT_EQ("vdlsLogAdd_32f vdlsLogGauss_32f_D2 vdlsLogGauss_16s32f_D2",
+              selected({"t-TimVQ", "t+Tim"}));
+}
+
+// ---------------------------------------------------------------- report lines
+
+TEST_F(KeysTest, ReportLinesUnderAnExitKey) {
+    bool ok = false;
+    std::string out = parse({"-B", "-LWARN", "-LDATA", "-x", "-f=abc", "-f=", "-t", "-", "-Q",
+                             "-YLOW", "-HO", "-Hx", "-s-", "-e", "+", "-FvdlsVQ", "-C"},
+                            &ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ("Command line options: \n"
+              "-B: ignored because of -e option\n"
+              "-LWARN: ignored because of -e option\n"
+              "-LDATA: ignored because of -e option\n"
+              "-x: ignored: incorrect option key\n"
+              "-f=abc: test function equal to 'abc'\n"
+              "-f=: ignored: empty function pattern\n"
+              "-t-: ignored: empty test pattern\n"
+              "-Q: ignored because of -e option\n"
+              "-YLOW: ignored because of -e option\n"
+              "-HO: run tests for hot functions only\n"
+              "-Hx: add 'Interest' column to table file\n"
+              "-s-: don't sort functions\n"
+              "-e+: enumerate applied and not applied library functions and exit\n"
+              "-FvdlsVQ: ignored because of -e option\n"
+              "-C: ignored because of -e option\n",
+              out);
+    // Ignored in the report, still applied.
+    EXPECT_TRUE(m_session.m_batch);
+    EXPECT_EQ(0, m_session.m_askMode);
+    EXPECT_EQ(87, m_session.m_levelMode);
+    EXPECT_EQ(3, kvTool::m_priority);
+    EXPECT_EQ(1, kvTest::m_hot);
+    EXPECT_TRUE(m_session.m_quickMode);
+    EXPECT_EQ(1, m_session.m_enumMode);
+    EXPECT_EQ("vdlsVQ", str(kvTestList::m_startFunc));
+    EXPECT_TRUE(kvTest::m_cache);
+    EXPECT_TRUE(kvSession::m_nameExit);
+    EXPECT_EQ(1, m_session.m_conditions->size());
+}
+
+TEST_F(KeysTest, ReportLinesOfARun) {
+    std::string out = parse({"-AMisalign", "-ATP", "-A", "-LDATA", "-Lwarn", "-Q", "-YNORMAL",
+                             "-Yx", "-SU", "-dX=1", "-d", "X=2", "-d", "", "-dfoo", "-d =1"});
+    const char* lines[] = {
+        "-AMisalign: ask data misalignment from console\n",
+        "-ATP: ask timing method, common parameters from console\n",
+        "-A: ask timing method, common parameters, data misalignment, each test parameters from "
+        "console\n",
+        "-LDATA: write errors,warnings,performance results,tracing info,data info to console\n",
+        "-Lwarn: ignored: incorrect level of console output\n",
+        // The text of -Q ends in a newline of its own.
+        "-Q: exit after function parameter name table creation and don't run tests\n\n-YNORMAL: ",
+        "-YNORMAL: set normal process priority\n",
+        "-Yx: ignored: incorrect process priority value\n",
+        "-SU: include to measurement data set & use time\n",
+        "-dX=2: set KV parameter X=2\n",
+        "-d: ignored: empty data argument\n",
+        "-dfoo: ignored: incorrect data format\n",
+        "-d =1: ignored: incorrect data format\n"};
+    for (const char* line : lines) EXPECT_TRUE(contains(out, line)) << line;
+    EXPECT_EQ(2, kvTool::m_priority);
+    EXPECT_EQ(15, m_session.m_askMode);
+    EXPECT_TRUE(g_tool.m_setUse);
+    // The last -d of a name wins; a -d without "=" is stored with no value.
+    kvString value;
+    ASSERT_TRUE(g_istrm.dataList().get("X", value));
+    EXPECT_EQ("2", str(value));
+    ASSERT_TRUE(g_istrm.dataList().get("foo", value));
+    EXPECT_EQ("", str(value));
+    EXPECT_EQ(2, g_istrm.dataList().size());
+}
+
+TEST_F(KeysTest, ExitLevels) {
+    std::string out = parse({"-B", "-e", "-h"});
+    EXPECT_TRUE(contains(out, "-B: ignored because of -h option\n-e: ignored because of -h option\n"));
+    EXPECT_EQ(1, s_hintArg);
+    EXPECT_TRUE(s_hintHide);
+
+    out = parse({"-B", "-v", "-fx"});
+    EXPECT_TRUE(contains(out, "-B: ignored because of -v option\n"));
+    EXPECT_TRUE(contains(out, "-fx: ignored because of -v option\n"));
+
+    // -e ranks above -v, and leaves the selection keys alone.
+    out = parse({"-v", "-e", "-fx", "-B"});
+    EXPECT_TRUE(contains(out, "-e: enumerate tested functions and exit\n"
+                              "-fx: test functions containing 'x'\n"
+                              "-B: ignored because of -e option\n"));
+
+    out = parse({"-hh", "-hB", "-e-", "-??", "-?h"});
+    EXPECT_TRUE(contains(out, "-hh: type extended help and exit\n"
+                              "-hB: type extended help for -B key and exit\n"
+                              "-e-: ignored because of -h option\n"
+                              "-??: type extended help with hidden keys and exit\n"
+                              "-?h: type extended help for -h key and exit\n"));
+    EXPECT_EQ('h', s_hintArg);
+    EXPECT_FALSE(s_hintHide);
+    EXPECT_EQ(-1, m_session.m_enumMode);
+}
+
+TEST_F(KeysTest, FileNamesFollowDirectoriesAndDefaultName) {
+    std::string out = parse({"-l", "out", "-g", "-pin", "-iset", "-p/data", "-nrun", "-n", "-p"});
+    // -p, -l and -n act before all keys: the last -p (empty) is the default.
+    const char* lines[] = {
+        "-lout: open output files in /opt/kv/bin/out/\n",
+        "-g: create file /opt/kv/bin/out/kelvar.end at the end of KV work\n",
+        "-pin: open test data files & ini-file in /opt/kv/bin/in/\n",
+        "-iset: read from /opt/kv/bin/set.ini\n",
+        "-p/data: open test data files & ini-file in /data/\n",
+        "-nrun: name ini-file and output files as run.<proper-ext>\n",
+        "-n: ignored: empty default name\n",
+        "-p: ignored: empty directory name\n"};
+    for (const char* line : lines) EXPECT_TRUE(contains(out, line)) << line;
+    EXPECT_EQ("/opt/kv/bin/out/kelvar.end", str(m_session.m_sglName));
+    EXPECT_EQ("/opt/kv/bin/set.ini", str(m_session.m_iniName));
+}
+
+TEST_F(KeysTest, LastIniKeySetsNameAndMode) {
+    TempDir dir;
+    std::string pdir = "-p" + dir.path();
+    parse({pdir.c_str(), "-Iw", "-ir"});
+    EXPECT_EQ(dir.path("r.ini"), str(m_session.m_iniName));
+    EXPECT_FALSE(m_session.m_iniWrite);
+    bool ok = false;
+    parse({pdir.c_str(), "-ir", "-Iw"}, &ok);
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(m_session.m_iniWrite);
+    EXPECT_TRUE(g_istrm.isIniUpdate());
+    g_istrm.deleteIniFile();
+}
+
+TEST_F(KeysTest, LibraryKeys) {
+    std::string out = parse({"-TNoSuchCpu"});
+    EXPECT_TRUE(contains(out, "-TNoSuchCpu: ignored: <vdlcore.h> is not included before <dl.h> "
+                              "in test files\n"));
+    vdlEnvironment = [] {};
+    out = parse({"-TNoSuchCpu", "-N4", "-N0", "-Nx"});
+    EXPECT_TRUE(contains(out, "-TNoSuchCpu: ignored: incorrect CPU type\n"
+                              "-N4: call vdlSetNumThreads(4)\n"
+                              "-N0: ignored: incorrect number of threads\n"
+                              "-Nx: ignored: incorrect number of threads\n"));
+    EXPECT_EQ(4, s_numThreads);
+    EXPECT_EQ(-1, s_cpuType);
+}
+
+// ---------------------------------------------------------------- table
+
+TEST_F(KeysTest, TableOrderAndUpdate) {
+    std::string order;
+    for (kvList<kvOption*>::iterator it = m_session.m_options.begin();
+         it != m_session.m_options.end(); ++it) {
+        order += (*it)->m_key;
+        if ((*it)->m_hidden) order += '*';
+    }
+    EXPECT_EQ("BAdiIPoOLrRqQuUgnplftFYHTNS*C*sevh?", order);
+
+    kvSession bare;
+    int savedQ = qKeys;
+    qKeys = 0;
+    bare.registerOptions(false);
+    qKeys = savedQ;
+    EXPECT_EQ(29, bare.m_options.size());
+    EXPECT_EQ(nullptr, bare.getOption('T'));
+
+    // The processor list takes the place of the tab, once.
+    m_session.updateOptions();
+    m_session.updateOptions();
+    std::string descr = str(m_session.getOption('T')->m_descr);
+    std::string list = str(kvCpuType::optimizedList());
+    EXPECT_EQ(std::string(T_descr).replace(std::string(T_descr).find('\t'), 1, list), descr);
+
+    // Neither -A nor -B asks timing and common parameters; -B beats -A.
+    m_session.m_askMode = 0;
+    m_session.updateOptions();
+    EXPECT_EQ(3, m_session.m_askMode);
+    m_session.m_batch = true;
+    m_session.updateOptions();
+    EXPECT_EQ(0, m_session.m_askMode);
+}
+
+// ---------------------------------------------------------------- help
+
+TEST_F(KeysTest, QuickHelp) {
+    std::string quick = help(1, true);
+    EXPECT_EQ(0u, quick.find(std::string("QUICK HELP\n") + B_help + A_help + d_help));
+    EXPECT_FALSE(contains(quick, S_help));
+    EXPECT_EQ(quick.size() - std::string(h_help).size(), quick.rfind(h_help));
+
+    std::string all = help(1, false);
+    EXPECT_EQ(0u, all.find(std::string("QUICK HELP with hidden keys\n") + B_help));
+    EXPECT_TRUE(contains(all, std::string(N_help) + S_help + C_help + s_help));
+}
+
+TEST_F(KeysTest, ExtendedHelp) {
+    std::string full = help('h', true);
+    EXPECT_EQ(0u, full.find(std::string("EXTENDED HELP\n\n") + B_help + B_descr + "\n" + A_help));
+    EXPECT_TRUE(contains(full,
+                         "\n-o[<file-name>]  = create txt-file and write console output\n"
+                         "If file-name is empty then default file path will be used:\n"
+                         "    <default-dir>/<default-name>.txt\n"
+                         "    <default-dir> : <exe-file-dir> or -l key argument if any\n"
+                         "    <default-name>: <exe-file-name-without-extention> or -n key argument if any\n"
+                         "If several -o keys present in command line then all these files will be created\n"
+                         "    and filled\n\n-O"));
+    // Hidden keys and keys without help text are left out.
+    EXPECT_FALSE(contains(full, S_help));
+    EXPECT_FALSE(contains(full, hq_descr));
+    EXPECT_EQ(full.size() - std::string(h_descr).size(), full.rfind(h_descr));
+
+    std::string hidden = help('?', false);
+    EXPECT_EQ(0u, hidden.find("EXTENDED HELP with hidden keys\n\n-B "));
+    EXPECT_TRUE(contains(hidden, std::string("\n") + S_help +
+                                     "This is hidden key used by developers only\n" + S_descr));
+}
+
+TEST_F(KeysTest, KeyHelp) {
+    EXPECT_EQ(std::string("EXTENDED KEY HELP\n") + F_help + F_descr, help('F', true));
+    // -h? and -?h: the key help of the other key.
+    EXPECT_EQ("EXTENDED KEY HELP\nKey -? is deprecated\n" + std::string(hq_descr), help('?', true));
+    EXPECT_EQ(std::string("EXTENDED KEY HELP\n") + h_help + h_descr, help('h', false));
+    EXPECT_EQ(std::string("EXTENDED KEY HELP\n") + e_help + "No detailed description for this key\n",
+              help('e', true));
+    EXPECT_EQ("EXTENDED KEY HELP\nKey -x is not valid\n", help('x', true));
+}
+
+// ---------------------------------------------------------------- common data
+
+TEST(KvEnterTitle, CentredInA79ColumnBox) {
+    std::string box = str(kvSession::getEnterTitle("End of common specifications"));
+    std::string stars = " " + std::string(78, '*') + "\n";
+    std::string middle = " *" + std::string(24, ' ') + "End of common specifications";
+    middle += std::string(78 - middle.size(), ' ') + "*\n";
+    EXPECT_EQ(stars + middle + stars, box);
+
+    std::string odd = str(kvSession::getEnterTitle("abc"));
+    EXPECT_EQ(80u + 80u + 80u, odd.size());
+    EXPECT_EQ(" *" + std::string(36, ' ') + "abc", odd.substr(80, 41));
+
+    // A text wider than the box pushes the closing star out.
+    std::string wide(90, 'x');
+    std::string line = str(kvSession::getEnterTitle(wide.c_str())).substr(80);
+    EXPECT_EQ(" *" + wide + "*\n", line.substr(0, line.find('\n') + 1));
+}
+
+class CommonDataTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        resetKeyGlobals();
+        g_tool = kvTool();
+    }
+    void TearDown() override {
+        resetKeyGlobals();
+        g_tool = kvTool();
+    }
+    void set(const char* item) { g_istrm.dataList().set(item); }
+    double accuracy(const char* percent, int method) {
+        g_tool.m_accuracy = 0.05;
+        g_istrm.dataList().clear();
+        if (percent) g_istrm.dataList().set("Accuracy", percent);
+        readAccuracy(method);
+        return g_tool.m_accuracy;
+    }
+    kvSession session;
+};
+
+TEST_F(CommonDataTest, AccuracyLimits) {
+    EXPECT_DOUBLE_EQ(0.05, accuracy(0, KV_METHOD_AUTO));
+    EXPECT_DOUBLE_EQ(0.5, accuracy("50", KV_METHOD_AUTO));
+    EXPECT_DOUBLE_EQ(0.01, accuracy("1", KV_METHOD_ITERATIVE));
+    EXPECT_DOUBLE_EQ(500.0, accuracy("51", KV_METHOD_AUTO));
+    EXPECT_DOUBLE_EQ(500.0, accuracy("0", KV_METHOD_AUTO));
+    EXPECT_DOUBLE_EQ(500.0, accuracy("-3", KV_METHOD_AUTO));
+    // Manual and Statistic leave it alone; other methods default to 100 %.
+    EXPECT_DOUBLE_EQ(0.05, accuracy("20", KV_METHOD_MANUAL));
+    EXPECT_DOUBLE_EQ(0.05, accuracy("20", KV_METHOD_STATISTIC));
+    EXPECT_DOUBLE_EQ(500.0, accuracy(0, 7));
+}
+
+TEST_F(CommonDataTest, TimingMethodFromData) {
+    Capture out;
+    set("Method=stat");
+    set("NumCalls=7");
+    EXPECT_EQ(0, session.readTimingMethod());
+    int calls = 0;
+    long long clocks = 0;
+    ASSERT_TRUE(g_tool.getMethodStat(calls, clocks));
+    EXPECT_EQ(7, calls);
+    EXPECT_EQ(10000, clocks);
+
+    set("Method=Iterative");
+    set("StartNumLoops=16");
+    set("StopNumLoops=100");
+    session.readTimingMethod();
+    int start = 0, stop = 0;
+    ASSERT_TRUE(g_tool.getMethodBest(start, stop, clocks));
+    EXPECT_EQ(16, start);
+    EXPECT_EQ(128, stop);
+
+    set("Method=M");
+    set("NumLoops=0");
+    session.readTimingMethod();
+    int loops = 0;
+    ASSERT_TRUE(g_tool.getMethodLoop(loops));
+    EXPECT_EQ(1, loops);
+
+    set("Method=x");
+    session.readTimingMethod();
+    EXPECT_TRUE(g_tool.getMethodAuto());
+    EXPECT_TRUE(contains(out.text(), "Invalid value of Method = x\n"));
+}
+
+TEST_F(CommonDataTest, AutoMethodReadsOnlyMethodAndAccuracy) {
+    Capture out;
+    session.m_askMode = 0;
+    session.readCommonData();
+    EXPECT_EQ(" Method = Auto\n Accuracy = 5\n AlignVectorsBy = element\n VectorAlign = 0\n",
+              out.text());
+    EXPECT_TRUE(g_tool.getMethodAuto());
+    EXPECT_DOUBLE_EQ(0.05, g_tool.m_accuracy);
+    EXPECT_FALSE(kvGetAlignByByte());
+    EXPECT_EQ(0, kvGetVectorAlign());
+    EXPECT_EQ(512, kvGetVectorShift());
+}
+
+TEST_F(CommonDataTest, DataOffsetFromData) {
+    Capture out;
+    set("VectorAlign=70");
+    set("AlignVectorsBy=b");
+    set("MisalignFirstVectorOnly=no");
+    set("MutualVectorShift=64");
+    EXPECT_EQ(0, session.readDataOffset());
+    EXPECT_TRUE(kvGetAlignByByte());
+    EXPECT_EQ(6, kvGetVectorAlign());
+    EXPECT_FALSE(kvGetAlignSrc());
+    EXPECT_EQ(512, kvGetVectorShift());
+    EXPECT_FALSE(contains(out.text(), "MutualVectorShift"));
+
+    // A multiple of 64 is no misalignment, so the first-vector question goes.
+    set("VectorAlign=64");
+    set("AlignVectorsBy=element");
+    std::string before = out.text();
+    session.readDataOffset();
+    std::string text = out.text().substr(before.size());
+    EXPECT_EQ(" AlignVectorsBy = element\n VectorAlign = 0\n", text);
+    kvSetAlignSrc(true);
+    kvSetAlignByByte(false);
+}
+
+TEST_F(CommonDataTest, CommonParametersAreReadOnce) {
+    kvDefault<int> frame(256, "FrameLen", "");
+    kvList<kvParameter*>* saved = g_pParmList;
+    g_pParmList = new kvList<kvParameter*>;
+    EXPECT_EQ(0, session.readTestParameters());
+    kvRegParm(frame);
+    set("FrameLen=320");
+    Capture out;
+    session.m_askMode = 2;
+    // Asked at the console, but -d settles it first.
+    EXPECT_EQ(2, session.readTestParameters());
+    EXPECT_EQ(320, frame.value());
+    EXPECT_FALSE(frame.toRead());
+    EXPECT_TRUE(contains(out.text(), "Specify common test parameters, please"));
+    delete g_pParmList;
+    g_pParmList = saved;
+}
+
+}  // namespace
