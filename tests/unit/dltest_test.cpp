@@ -1,0 +1,185 @@
+// The function-test base: status checks, the odometer of a module, the
+// timing trio spelled by the macros, scale iterators and the run order.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+#include <vector>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+
+#include "dl.h"
+#include "kvtestlist.h"
+
+namespace {
+
+static const char* const dlModuleFile = "tests/p_fake_au";
+
+// A library function with scripted statuses: the n-th call returns script[n].
+std::vector<int> g_script;
+int g_calls = 0;
+int fakeFunction(int a) {
+    (void)a;
+    int s = g_calls < (int)g_script.size() ? g_script[g_calls] : 0;
+    ++g_calls;
+    return s;
+}
+
+class TimFake : public prTest {
+public:
+    using prTest::prTest;
+};
+
+static int arg = 1;
+DL_REG(TimFake, fakeFunction, (arg));
+
+std::string capture(const std::function<void()>& body) {
+    char path[] = "/tmp/dltest_XXXXXX";
+    int fd = mkstemp(path);
+    close(fd);
+    g_ostrm.addStream(path, false);
+    body();
+    g_ostrm.flush();
+    kvOStream::iterator last = g_ostrm.end();
+    --last;
+    delete *last;
+    g_ostrm.erase(last);
+    std::ifstream in(path);
+    std::stringstream s;
+    s << in.rdbuf();
+    unlink(path);
+    return s.str();
+}
+
+class DlTrio : public ::testing::Test {
+protected:
+    void SetUp() override {
+        g_calls = 0;
+        g_script.clear();
+        g_ostrm.setOutLevel(7);
+        kvTest::m_currentResult = KV_UNDEFINED;
+        kvBindVdlFallbacks();
+    }
+};
+
+TEST_F(DlTrio, LoopMakesWarmUpCallEvenForZeroLoops) {
+    long long clocks = -1;
+    EXPECT_EQ(KV_OK, tim_fakeFunction_loop(0, &clocks));
+    EXPECT_EQ(1, g_calls);
+    EXPECT_GE(clocks, 0);
+    EXPECT_EQ(KV_OK, tim_fakeFunction_loop(5, &clocks));
+    EXPECT_EQ(7, g_calls);
+}
+
+TEST_F(DlTrio, WarmUpWarningIsReplacedInLoopButKeptInStat) {
+    g_script = {3, 0, 0};
+    long long clocks = 0;
+    EXPECT_EQ(KV_OK, tim_fakeFunction_loop(2, &clocks));
+    g_calls = 0;
+    g_script = {0, 3, 0, 0};  // warm-up pass, then a warning in a measured call
+    int n = 3;
+    clocks = 0;
+    std::string text = capture([&] { EXPECT_EQ(KV_FUNCWRN, tim_fakeFunction_stat(&n, &clocks)); });
+    EXPECT_EQ(3, n);
+    EXPECT_EQ("--VDL WARNING. status = 3 in fakeFunction: Warning\n", text);
+    EXPECT_EQ(KV_FUNCWRN, kvTest::m_currentResult);
+}
+
+TEST_F(DlTrio, StatWithoutClockTargetMakesExactlyTheCalls) {
+    int n = 4;
+    long long clocks = 0;
+    EXPECT_EQ(KV_OK, tim_fakeFunction_stat(&n, &clocks));
+    EXPECT_EQ(4, n);
+    EXPECT_EQ(5, g_calls);  // the warm-up pass and four measured calls
+}
+
+TEST_F(DlTrio, StatLeavesAtTheFirstError) {
+    g_script = {0, 0, -7};
+    int n = 10;
+    long long clocks = 0;
+    std::string text = capture([&] { EXPECT_EQ(KV_FUNCFAIL, tim_fakeFunction_stat(&n, &clocks)); });
+    EXPECT_EQ(1, n);
+    EXPECT_EQ("--VDL ERROR. status = -7 in fakeFunction: Error\n", text);
+    EXPECT_EQ(KV_FUNCFAIL, kvTest::m_currentResult);
+}
+
+TEST_F(DlTrio, WarningCountsOnlyWhenWarningsShow) {
+    g_ostrm.setOutLevel(1);
+    std::string text = capture([] { EXPECT_EQ(KV_FUNCWRN, dlTest::checkStatus(5, "")); });
+    EXPECT_EQ("", text);  // not shown at the errors-only level
+    EXPECT_EQ(KV_OK, kvTest::m_currentResult);
+    EXPECT_EQ(KV_OK, dlTest::checkStatus(0, "x"));
+}
+
+TEST_F(DlTrio, RegisteredWithItsModuleAndTag) {
+    kvTest* test = nullptr;
+    for (kvTestList::iterator it = pTestList->begin(); it != pTestList->end(); ++it)
+        if ((*it)->m_name == "fakeFunction") test = *it;
+    ASSERT_NE(nullptr, test);
+    EXPECT_STREQ("p_fake_au", test->m_file.c_str());
+    EXPECT_STREQ("TimFake", test->m_info.m_class.c_str());
+    EXPECT_STREQ("DL_REG", test->m_info.m_tag.c_str());
+    EXPECT_EQ(0, test->regInfo().find("   Test has been registered by DL_REG macro with "
+                                      "loopMethod, statMethod, funcCall."));
+    EXPECT_STREQ("e", test->getUnit().c_str());
+}
+
+// An odometer of three parameters, the fastest first.
+class TimGrid : public prTest {
+public:
+    TimGrid() : prTest(0, 0, 0, 0, "vdlsGrid_32f", "g", "TimGrid//DL_REG") {}
+    bool walk(kvString& out) {
+        if (!stepOdometer({&a, &b, &c})) return false;
+        m_firstSet = false;
+        out << a.value() << b.value() << c.value() << " ";
+        return true;
+    }
+    kvStepIterator<int> a, b, c;
+};
+
+TEST(DlOdometer, FastestFirstAndRestartOfInnerWheels) {
+    TimGrid t;
+    t.a.init("A", 1, 2, 1, '+');
+    t.b.init("B", 3, 4, 1, '+');
+    t.c.init("C", 5, 6, 1, '+');
+    t.m_firstSet = true;
+    kvString out;
+    while (t.walk(out)) {}
+    EXPECT_STREQ("135 235 145 245 136 236 146 246 ", out.c_str());
+}
+
+TEST(DlScaleIterator, ScaledAndUnscaledFunctions) {
+    dlScaleIterator s;
+    s.init("vdlsLogGauss_16s32s_D2Sfs");
+    EXPECT_TRUE(s.scaled());
+    EXPECT_STREQ("ScaleFactor", s.m_name.c_str());
+    EXPECT_STREQ("0; 1; 2; -1", s.defaultString().c_str());
+    s.init("vdlsLogGauss_32f_D2");
+    EXPECT_FALSE(s.scaled());
+    EXPECT_STREQ("", s.m_name.c_str());
+    EXPECT_EQ(1, s.size());
+    s.init("vdlsLp2Ref_16s_Sfs", -14, -13, -12, -11);
+    EXPECT_STREQ("-14; -13; -12; -11", s.defaultString().c_str());
+
+    dlScaleIterator plain;
+    dlrScaleIterator rscale;
+    plain.init("vdlsLogGauss_Scaled_16s32f_D2");
+    rscale.init("vdlsLogGauss_Scaled_16s32f_D2");
+    EXPECT_FALSE(plain.scaled());
+    EXPECT_TRUE(rscale.scaled());
+    kvTest::m_numParmsColm = 9;
+    EXPECT_EQ(8, rscale.colmIndex());
+}
+
+TEST(DlTestOrder, FunctionsSortByTheirNames) {
+    prTest a(0, 0, 0, 0, "vdlsX_8u", "f", "T"), b(0, 0, 0, 0, "vdlsX_16s", "f", "T"),
+        c(0, 0, 0, 0, "vdlsX_32f", "f", "T"), d(0, 0, 0, 0, "vdlsX_32f_I", "f", "T");
+    EXPECT_LT(a.compareFunc(&b), 0);
+    EXPECT_LT(b.compareFunc(&c), 0);
+    EXPECT_LT(c.compareFunc(&d), 0);
+    EXPECT_GT(d.compareFunc(&a), 0);
+    EXPECT_TRUE(c.isFloatFunction() == false);  // no flop count anywhere
+}
+
+}  // namespace
