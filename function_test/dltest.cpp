@@ -135,6 +135,11 @@ void prTest::resultToCstrm() {
             << perfString(true) << (isHotLine() ? "Hot" : "");
 }
 
+int prTest::roundedStride(int cols) const {
+    int unit = m_name.found("16s") ? 8 : 4;
+    return (cols + unit - 1) / unit * unit;
+}
+
 bool prTest::stepOdometer(std::initializer_list<kvParameter*> fastestFirst) {
     if (m_firstSet) {
         for (kvParameter* p : fastestFirst)

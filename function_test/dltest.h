@@ -90,6 +90,9 @@ public:
     virtual void columns(dlColumns& c) { (void)c; }
 
 protected:
+    // Row step of data laid out as one buffer: the column count rounded up
+    // to a multiple of 8 for 16-bit data, of 4 otherwise.
+    int roundedStride(int cols) const;
     // Steps the parameters as an odometer, the fastest first: on the first
     // set of the test each takes its first value; later the fastest moves,
     // and when it runs out the next one moves and the faster ones restart.

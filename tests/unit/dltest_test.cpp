@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "dl.h"
+#include "dltwogrid.h"
 #include "kvtestlist.h"
 
 namespace {
@@ -180,6 +181,43 @@ TEST(DlTestOrder, FunctionsSortByTheirNames) {
     EXPECT_LT(c.compareFunc(&d), 0);
     EXPECT_GT(d.compareFunc(&a), 0);
     EXPECT_TRUE(c.isFloatFunction() == false);  // no flop count anywhere
+}
+
+}  // namespace
+
+namespace {
+
+int countPoints(const char* func, kvString* sizes) {
+    dlTwoGrid grid;
+    grid.read(func, "Rows", "Cols");
+    int n = 0;
+    for (bool first = true; grid.next(first); first = false) {
+        ++n;
+        if (sizes && grid.scaleFactor.value() == 0) *sizes << grid.rows << "x" << grid.cols << " ";
+    }
+    return n;
+}
+
+TEST(DlTwoGrid, SmallGridThenLargeGrid) {
+    kvString sizes;
+    EXPECT_EQ(33, countPoints("vdlsLogGauss_32f_D2", &sizes));
+    EXPECT_EQ(0, sizes.find("8x30 10x30 12x30 "));
+    EXPECT_NE(-1, sizes.find("20x39 6000x40 7000x40 8000x40 9000x40 10000x40 "));
+    EXPECT_EQ(4 * 33, countPoints("vdlsLogGauss_16s32s_D2Sfs", nullptr));
+}
+
+TEST(DlStride, RoundedToTheElementGroup) {
+    class Probe : public prTest {
+    public:
+        using prTest::prTest;
+        using prTest::roundedStride;
+    };
+    Probe s16(0, 0, 0, 0, "vdlsLogGauss_16s32s_D2Sfs", "f", "T");
+    Probe s32(0, 0, 0, 0, "vdlsLogGauss_32f_D2", "f", "T");
+    EXPECT_EQ(32, s16.roundedStride(30));
+    EXPECT_EQ(32, s32.roundedStride(30));
+    EXPECT_EQ(40, s16.roundedStride(33));
+    EXPECT_EQ(36, s32.roundedStride(33));
 }
 
 }  // namespace
