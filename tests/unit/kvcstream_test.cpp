@@ -5,30 +5,9 @@
 
 #include "kvcstream.h"
 
+#include "testutil.h"
+
 namespace {
-
-class TempDir {
-public:
-    TempDir() {
-        char pattern[] = "/tmp/kvcstreamXXXXXX";
-        m_dir = mkdtemp(pattern);
-    }
-    ~TempDir() { std::system(("rm -rf " + m_dir).c_str()); }
-    kvString path(const char* name) const { return kvString(m_dir.c_str()) + "/" + name; }
-private:
-    std::string m_dir;
-};
-
-std::string readFile(const kvString& name) {
-    std::string text;
-    if (FILE* f = fopen(name.c_str(), "rb")) {
-        char buf[4096];
-        size_t n;
-        while ((n = fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
-        fclose(f);
-    }
-    return text;
-}
 
 // Collects what the identical-row check says through g_ostrm.
 class WarningLog {

@@ -5,36 +5,9 @@
 
 #include "kvistream.h"
 
+#include "testutil.h"
+
 namespace {
-
-class TempDir {
-public:
-    TempDir() {
-        char pattern[] = "/tmp/kvistreamXXXXXX";
-        m_dir = mkdtemp(pattern);
-    }
-    ~TempDir() { std::system(("rm -rf " + m_dir).c_str()); }
-    kvString path(const char* name) const { return kvString(m_dir.c_str()) + "/" + name; }
-private:
-    std::string m_dir;
-};
-
-std::string readFile(const kvString& name) {
-    std::string text;
-    if (FILE* f = fopen(name.c_str(), "rb")) {
-        char buf[4096];
-        size_t n;
-        while ((n = fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
-        fclose(f);
-    }
-    return text;
-}
-
-void writeFile(const kvString& name, const std::string& text) {
-    FILE* f = fopen(name.c_str(), "wb");
-    fwrite(text.data(), 1, text.size(), f);
-    fclose(f);
-}
 
 // Console answers come from a file, one per line.
 i_stream* answers(const TempDir& dir, const std::string& lines) {

@@ -11,15 +11,9 @@
 #include "kvtest.h"
 #include "kvtestlist.h"
 #include "kvticker.h"
+#include "testutil.h"
 
 namespace {
-
-std::string readFile(const std::string& path) {
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 kvResult steadyLoop(int loops, long long* clocks) {
     *clocks = 250LL * loops;
@@ -42,7 +36,7 @@ TEST(KvSessionRun, PlainTestRunsEndToEnd) {
     EXPECT_EQ(nullptr, pTestList);  // deleted at the end of the run
     g_ostrm.flush();
 
-    std::string text = readFile(log);
+    std::string text = readFile(log.c_str());
     EXPECT_NE(std::string::npos, text.find("| CPU      : "));
     EXPECT_NE(std::string::npos, text.find("| Test     : Timing"));
     EXPECT_NE(std::string::npos, text.find("| Function  : plainTest"));
@@ -90,7 +84,7 @@ TEST(KvSessionSignal, SignalFileHoldsElapsedAndEndTime) {
     s.outputSignal();  // no name: nothing, and no crash without a list
     s.setSglName(path.c_str());
     s.outputSignal();
-    std::string text = readFile(path);
+    std::string text = readFile(path.c_str());
     EXPECT_EQ(0u, text.find("00:00:00\n"));
     EXPECT_EQ("\n\n", text.substr(text.size() - 2));
 }

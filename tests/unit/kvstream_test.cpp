@@ -6,36 +6,9 @@
 
 #include "kvstream.h"
 
+#include "testutil.h"
+
 namespace {
-
-class TempDir {
-public:
-    TempDir() {
-        char pattern[] = "/tmp/kvstreamXXXXXX";
-        m_dir = mkdtemp(pattern);
-    }
-    ~TempDir() { std::system(("rm -rf " + m_dir).c_str()); }
-    kvString path(const char* name) const { return kvString(m_dir.c_str()) + "/" + name; }
-private:
-    std::string m_dir;
-};
-
-std::string readFile(const kvString& name) {
-    std::string text;
-    if (FILE* f = fopen(name.c_str(), "rb")) {
-        char buf[4096];
-        size_t n;
-        while ((n = fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
-        fclose(f);
-    }
-    return text;
-}
-
-void writeFile(const kvString& name, const std::string& text) {
-    FILE* f = fopen(name.c_str(), "wb");
-    fwrite(text.data(), 1, text.size(), f);
-    fclose(f);
-}
 
 // Attaches a file to g_ostrm for one test, and puts the global back as it was.
 class GlobalLog {

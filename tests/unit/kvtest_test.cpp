@@ -4,10 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 #include <string>
-#include <unistd.h>
 
 #include "kv/kvsession.h"
 #include "kvconditions.h"
@@ -15,44 +12,19 @@
 #include "kvparameter.h"
 #include "kvtest.h"
 #include "kvticker.h"
+#include "testutil.h"
 
 namespace {
-
-std::string readFile(const std::string& path) {
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 // Captures what g_ostrm and g_cstrm write during one test of this file.
 class Capture {
 public:
-    Capture() {
-        static int n = 0;
-        char dir[] = "/tmp/kvtest_XXXXXX";
-        m_dir = mkdtemp(dir);
-        m_text = m_dir + "/log" + std::to_string(n) + ".txt";
-        m_table = m_dir + "/table" + std::to_string(n++) + ".csv";
-        g_ostrm.addStream(m_text.c_str(), false);
-        g_cstrm.addStream(m_table.c_str(), false);
-    }
-    ~Capture() {
-        // Detach our two files (the last ones of each list) and close them.
-        detach(g_ostrm);
-        detach(g_cstrm);
-    }
-    std::string text() { g_ostrm.flush(); return readFile(m_text); }
-    std::string table() { g_cstrm.flush(); return readFile(m_table); }
+    std::string text() { return m_text.text(); }
+    std::string table() { return m_table.text(); }
 
 private:
-    template <class S> void detach(S& s) {
-        typename S::iterator last = s.end();
-        --last;
-        delete *last;
-        s.erase(last);
-    }
-    std::string m_dir, m_text, m_table;
+    StreamCapture<kvOStream> m_text{g_ostrm, "log.txt"};
+    StreamCapture<kvCStream> m_table{g_cstrm, "table.csv"};
 };
 
 int g_calls = 0;
