@@ -10,6 +10,17 @@ extern "C" {
 /* Signed status of every call: 0 no error, negative an error, positive a warning. */
 typedef int VdlStatus;
 
+/* Element types, named by width in bits and kind: u unsigned, s signed
+ * integer, f floating point. */
+typedef unsigned char Vdl8u;
+typedef unsigned short Vdl16u;
+typedef unsigned int Vdl32u;
+typedef signed short Vdl16s;
+typedef signed int Vdl32s;
+typedef long long Vdl64s;
+typedef float Vdl32f;
+typedef double Vdl64f;
+
 /* Version record of one library; the last three members are the texts that a
  * harness shows: name, version and build date. */
 typedef struct {

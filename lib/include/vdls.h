@@ -21,6 +21,11 @@ void vdlsFree(void* ptr);
 
 /* ---- Signal function families, one block per family ---- */
 
+/* ---- Initialisation ---- */
+
+/* Sets pDst[k] = val for k below len. */
+VdlStatus vdlsSet_32f(Vdl32f val, Vdl32f* pDst, int len);
+
 #ifdef __cplusplus
 }
 #endif

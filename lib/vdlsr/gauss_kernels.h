@@ -1,0 +1,201 @@
+// Kernels shared by the Gaussian scoring functions: the quadratic form of a
+// frame and a diagonal Gaussian, what a score is made of it, and where the
+// score goes. scoreRows drives them over the rows of a call.
+#ifndef VDL_GAUSS_KERNELS_H
+#define VDL_GAUSS_KERNELS_H
+
+#include <cmath>
+#include <limits>
+
+#include "gauss_layout.h"
+#include "gauss_types.h"
+#include "vdlargcheck.h"
+
+#pragma GCC visibility push(hidden)
+
+namespace vdl {
+
+// q = sum over k of (x_k - m_k)^2 * w_k, with w given as precisions.
+struct InverseVar {
+    static constexpr bool hasVariance = true;
+
+    template <class A, class T>
+    static A sum(const T* x, const T* m, const T* w, int n)
+    {
+        A q = 0;
+        for (int k = 0; k < n; ++k) {
+            const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
+            q += d * d * static_cast<A>(w[k]);
+        }
+        return q;
+    }
+
+    template <class T>
+    static bool valid(const T*, int) { return true; }
+};
+
+// IdVar: every w_k is 1 and no variance row is read.
+struct UnitVar {
+    static constexpr bool hasVariance = false;
+
+    template <class A, class T>
+    static A sum(const T* x, const T* m, const T*, int n)
+    {
+        A q = 0;
+        for (int k = 0; k < n; ++k) {
+            const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
+            q += d * d;
+        }
+        return q;
+    }
+
+    template <class T>
+    static bool valid(const T*, int) { return true; }
+};
+
+// DirectVar: w_k is 1 / v_k with the variances v given, so they must be
+// positive.
+struct DirectVar {
+    static constexpr bool hasVariance = true;
+
+    template <class A, class T>
+    static A sum(const T* x, const T* m, const T* v, int n)
+    {
+        A q = 0;
+        for (int k = 0; k < n; ++k) {
+            const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
+            q += d * d / static_cast<A>(v[k]);
+        }
+        return q;
+    }
+
+    template <class T>
+    static bool valid(const T* v, int n)
+    {
+        for (int k = 0; k < n; ++k)
+            if (!(v[k] > 0))
+                return false;
+        return true;
+    }
+};
+
+// log(exp(a) + exp(b)) without leaving the range of F.
+template <class F>
+F logAdd(F a, F b)
+{
+    const F hi = a > b ? a : b;
+    const F lo = a > b ? b : a;
+    if (lo == -std::numeric_limits<F>::infinity())
+        return hi;
+    return hi + std::log1p(std::exp(lo - hi));
+}
+
+// Log-likelihood of row i: value_i - 0.5 * q * 2^-scaleFactor, the value
+// in units of the result. Once per row, so it runs in double whatever the
+// sums ran in: a 32-bit value stays exact and no scale factor overflows.
+template <class Ty, class Values>
+class LogLikelihood {
+public:
+    using Acc = typename Ty::Acc;
+    using Dst = typename Ty::Dst;
+
+    LogLikelihood(const Values& values, int scaleFactor)
+        : m_values(values), m_factor(-0.5 * scaleOf(scaleFactor)) {}
+    Dst operator()(int i, Acc q) const
+    {
+        return toResult<Dst>(static_cast<double>(m_values[i]) + m_factor * static_cast<double>(q));
+    }
+    VdlStatus nullCheck() const { return m_values.nullCheck(); }
+
+private:
+    Values m_values;
+    double m_factor;
+};
+
+// Mahalanobis distance of row i: sqrt(q) * 2^-scaleFactor.
+template <class Ty>
+class Distance {
+public:
+    using Acc = typename Ty::Acc;
+    using Dst = typename Ty::Dst;
+
+    explicit Distance(int scaleFactor) : m_factor(scaleOf(scaleFactor)) {}
+    Dst operator()(int, Acc q) const
+    {
+        return toResult<Dst>(std::sqrt(static_cast<double>(q)) * m_factor);
+    }
+    VdlStatus nullCheck() const { return vdlStsNoErr; }
+
+private:
+    double m_factor;
+};
+
+// How a score meets the result element it goes to.
+struct Assign {
+    template <class D>
+    static void into(D& dst, D score) { dst = score; }
+};
+
+struct KeepMax {
+    template <class D>
+    static void into(D& dst, D score) { dst = score > dst ? score : dst; }
+};
+
+struct LogAdd {
+    template <class D>
+    static void into(D& dst, D score) { dst = logAdd(dst, score); }
+};
+
+// Row i's score goes to pDst[i].
+template <class Combine, class D>
+class PerRow {
+public:
+    explicit PerRow(D* dst) : m_dst(dst) {}
+    void operator()(int i, D score) const { Combine::into(m_dst[i], score); }
+    VdlStatus nullCheck() const { return checkPtrs({m_dst}); }
+
+private:
+    D* m_dst;
+};
+
+// All scores log-added into one element: the score of a whole mixture.
+template <class D>
+class LogSum {
+public:
+    explicit LogSum(D* dst) : m_dst(dst) {}
+    void operator()(int i, D score) const { *m_dst = i == 0 ? score : logAdd(*m_dst, score); }
+    VdlStatus nullCheck() const { return checkPtrs({m_dst}); }
+
+private:
+    D* m_dst;
+};
+
+// Scores `height` rows of `width` elements: row i pairs src.row(i) with
+// mean.row(i) and var.row(i). Every argument is checked before anything is
+// written: null pointers, then sizes, then steps, then the variances.
+template <class Ty, class Var, class SrcRows, class MeanRows, class VarRows, class Finish,
+          class Sink>
+VdlStatus scoreRows(const SrcRows& src, const MeanRows& mean, const VarRows& var, int width,
+                    int height, const Finish& finish, const Sink& sink)
+{
+    if (VdlStatus s = firstError({src.nullCheck(height), mean.nullCheck(height),
+                                  var.nullCheck(height), finish.nullCheck(), sink.nullCheck(),
+                                  checkSize(width, height), src.stepCheck(width),
+                                  mean.stepCheck(width), var.stepCheck(width)}))
+        return s;
+    for (int i = 0; i < height; ++i)
+        if (!Var::valid(var.row(i), width))
+            return vdlStsBadArgErr;
+    for (int i = 0; i < height; ++i) {
+        const auto q =
+            Var::template sum<typename Ty::Acc>(src.row(i), mean.row(i), var.row(i), width);
+        sink(i, finish(i, q));
+    }
+    return vdlStsNoErr;
+}
+
+} // namespace vdl
+
+#pragma GCC visibility pop
+
+#endif
