@@ -110,6 +110,17 @@ void dlItem::toCStream() const {
     else g_cstrm << m_value;
 }
 
+void dlItem::nameToCStream() const {
+    if (m_parm) m_parm->nameToCStream(g_cstrm);
+    else g_cstrm << m_name;
+}
+
+void prTest::parmsNameToCstrm() {
+    dlColumns c;
+    columns(c);
+    for (dlColumns::iterator it = c.begin(); it != c.end(); ++it) it->nameToCStream();
+}
+
 void prTest::parmsToOstrm() {
     dlColumns c;
     columns(c);

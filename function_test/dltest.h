@@ -56,6 +56,7 @@ public:
     dlItem() : m_parm(0) {}
     void toOStream() const;
     void toCStream() const;
+    void nameToCStream() const;
 
 private:
     kvParameter* m_parm;
@@ -87,6 +88,7 @@ public:
     // The text line and the table row of a set list the module's columns.
     void parmsToOstrm() override;
     void parmsToCstrm() override;
+    void parmsNameToCstrm() override;
     virtual void columns(dlColumns& c) { (void)c; }
 
 protected:

@@ -1,0 +1,85 @@
+// Mahalanobis distance of frames to diagonal Gaussians, for one frame and
+// one component (Single), many frames (_D2, _D2L) or many components
+// (MultiMix); and the accumulation of mean and variance sums.
+#include "dl.h"
+
+DL_MODULE("vdlsr/src/p_mahf_au");
+
+static dlVector src, var, mean, dst, meanAcc, varAcc;
+static dlVector mean1, var1, src1;
+static dlVector srcVector, meanVector, varVector;
+static dlrMatrice srcMatrice, meanMatrice, varMatrice;
+static kvStepIterator<int> rows, cols;
+static dlScaleIterator scaleFactor;
+static int stride;
+
+class TimMahF : public prTest {
+public:
+    using prTest::prTest;
+
+    bool canStart() override {
+        if (m_single || m_meanVarAcc) {
+            // One frame: the length is the only size, the column count stays 1.
+            dlStep(cols, "", 1, 1, 1, '+');
+            dlStep(rows, "Lenght", 30, 68, 2, '+');
+        } else {
+            dlStep(rows, "Rows", 8, 20, 2, '+');
+            dlStep(cols, "Cols", 30, 40, 3, '+');
+        }
+        dlScale(scaleFactor, m_func);
+        for (dlVector* v : {&src, &var, &mean, &meanAcc, &varAcc, &mean1, &var1, &src1, &srcVector,
+                            &meanVector, &varVector})
+            v->init(m_func, 1);
+        for (dlrMatrice* m : {&srcMatrice, &meanMatrice, &varMatrice}) m->init(m_func, 1);
+        dst.init(m_func, DL_DST1);
+        return true;
+    }
+    bool canContinue() override {
+        if (!stepOdometer({&scaleFactor, &rows, &cols})) return false;
+        bool made = src.createVector(rows, SET_ONE, 0, 0) && var.createVector(rows, SET_ONE, 0, 0) &&
+                    mean.createVector(rows, SET_ZERO, 0, 0) && dst.createVector(rows, SET_ZERO, 0, 0);
+        if (made && m_meanVarAcc)
+            made = meanAcc.createVector(rows, SET_ZERO, 0, 0) && varAcc.createVector(rows, SET_ZERO, 0, 0);
+        made = made && mean1.createVector(cols, SET_ZERO, 0, 0) &&
+               var1.createVector(cols, SET_ZERO, 0, 0) && src1.createVector(cols, SET_ZERO, 0, 0) &&
+               srcMatrice.createMatrice(rows, cols, SET_ZERO, 0, 0) &&
+               meanMatrice.createMatrice(rows, cols, SET_ZERO, 0, 0) &&
+               varMatrice.createMatrice(rows, cols, SET_ZERO, 0, 0);
+        if (!made) return false;
+        stride = m_single || m_meanVarAcc || m_d2l ? 0 : roundedStride(cols);
+        return stride == 0 || (srcVector.createVector(rows * stride, SET_ZERO, 0, 0) &&
+                               meanVector.createVector(rows * stride, SET_ZERO, 0, 0) &&
+                               varVector.createVector(rows * stride, SET_ZERO, 0, 0));
+    }
+    void flushData() override {
+        for (dlVector* v : {&src, &var, &mean, &dst, &meanAcc, &varAcc, &mean1, &var1, &src1,
+                            &srcVector, &meanVector, &varVector})
+            v->deleteVector();
+        for (dlrMatrice* m : {&srcMatrice, &meanMatrice, &varMatrice}) m->deleteMatrice();
+    }
+    double getDivisor() override { return rows * cols; }
+    void columns(dlColumns& c) override {
+        c << rows << cols << (m_d2l ? dlItem("stride", "-") : dlItem("stride", stride)) << scaleFactor;
+    }
+
+private:
+    const bool m_single = m_name.found("Single");
+    const bool m_meanVarAcc = m_name.found("MeanVarAcc");
+    const bool m_d2l = m_name.found("D2L");
+};
+
+DL_REG(TimMahF, vdlsMahDistSingle_32f, (src, mean, var, rows, dst));
+DL_REG(TimMahF, vdlsMahDistSingle_64f, (src, mean, var, rows, dst));
+DL_REG(TimMahF, vdlsMahDistSingle_32f64f, (src, mean, var, rows, dst));
+DL_REG(TimMahF, vdlsMahDistSingle_16s32f, (src, mean, var, rows, dst));
+DL_REG(TimMahF, vdlsMahDistSingle_16s32s_Sfs, (src, mean, var, rows, dst, scaleFactor.value()));
+DL_REG(TimMahF, vdlsMahDist_32f_D2, (srcVector, stride, mean1, var1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMahDist_64f_D2, (srcVector, stride, mean1, var1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMahDist_32f_D2L, (srcMatrice, mean1, var1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMahDist_64f_D2L, (srcMatrice, mean1, var1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMahDistMultiMix_32f_D2, (meanVector, varVector, stride, src1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMahDistMultiMix_64f_D2, (meanVector, varVector, stride, src1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMahDistMultiMix_32f_D2L, (meanMatrice, varMatrice, src1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMahDistMultiMix_64f_D2L, (meanMatrice, varMatrice, src1, cols, dst, rows));
+DL_REG(TimMahF, vdlsMeanVarAcc_32f, (src, mean, meanAcc, varAcc, rows, 0.5f));
+DL_REG(TimMahF, vdlsMeanVarAcc_64f, (src, mean, meanAcc, varAcc, rows, 0.5));
