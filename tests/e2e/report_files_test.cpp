@@ -1,0 +1,162 @@
+// The files of a run, field by field: one library function timed with the
+// text log, the performance, name and summary tables beside the program.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "run_program.h"
+
+namespace {
+
+using namespace kelvar_e2e;
+
+std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> out;
+    std::stringstream s(text);
+    std::string line;
+    while (std::getline(s, line)) out.push_back(line);
+    return out;
+}
+
+std::vector<std::string> cells(const std::string& line) {
+    std::vector<std::string> out;
+    std::stringstream s(line);
+    std::string cell;
+    while (std::getline(s, cell, ',')) out.push_back(cell);
+    return out;
+}
+
+bool startsWith(const std::string& text, const std::string& head) {
+    return text.compare(0, head.size(), head) == 0;
+}
+
+// Index of the first line that starts with `head`, or -1.
+int find(const std::vector<std::string>& ls, const std::string& head) {
+    for (size_t i = 0; i < ls.size(); ++i)
+        if (startsWith(ls[i], head)) return (int)i;
+    return -1;
+}
+
+const char* const kColumnTitle =
+    "funcBase,funcDataType,funcDescriptor,Len/Size,Parm1,Parm2,Parm3,Parm4,scaleFactor,"
+    "Comment,Clocks,per,Time (usec),MFlops";
+
+class AddNRowsRun : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        box = new Sandbox;
+        result = box->run({"-B", "-fAddNRows", "-o", "-r", "-u", "-q"});
+    }
+    static void TearDownTestSuite() { delete box; }
+    static Sandbox* box;
+    static Result result;
+};
+Sandbox* AddNRowsRun::box = nullptr;
+Result AddNRowsRun::result;
+
+void expectTitleRows(const std::vector<std::string>& ls) {
+    ASSERT_GE(ls.size(), 5u);
+    EXPECT_TRUE(startsWith(ls[0], "CPU,"));
+    EXPECT_TRUE(startsWith(ls[1], "OS,Linux ("));
+    EXPECT_TRUE(startsWith(ls[2], "Computer,"));
+    int start = find(ls, "Start,");
+    ASSERT_GT(start, 2);
+    for (int i = 3; i < start; ++i) EXPECT_TRUE(startsWith(ls[i], "Library,")) << ls[i];
+}
+
+TEST_F(AddNRowsRun, EndsWithExitCodeZero) { EXPECT_EQ(0, result.code); }
+
+TEST_F(AddNRowsRun, PerformanceTableHasOneRowPerGridPoint) {
+    std::vector<std::string> ls = lines(readFile(box->path("kelvar.csv")));
+    expectTitleRows(ls);
+    int title = find(ls, "funcBase,");
+    ASSERT_GT(title, 0);
+    EXPECT_EQ(kColumnTitle, ls[title]);
+    // Columns 20..30, rows 36..40, offsets 4, 8, 12, 16: the offset fastest.
+    ASSERT_EQ((size_t)title + 1 + 11 * 5 * 4, ls.size());
+    int row = title + 1;
+    for (int col = 20; col <= 30; ++col)
+        for (int rows1 = 36; rows1 <= 40; ++rows1)
+            for (int offset = 4; offset <= 16; offset += 4, ++row) {
+                std::vector<std::string> c = cells(ls[row]);
+                ASSERT_EQ(14u, c.size()) << ls[row];
+                EXPECT_EQ("vdlsAddNRows", c[0]);
+                EXPECT_EQ("32f", c[1]);
+                EXPECT_EQ("D2", c[2]);
+                EXPECT_EQ(std::to_string(col), c[3]);
+                EXPECT_EQ("50", c[4]);
+                EXPECT_EQ(std::to_string(rows1), c[5]);
+                EXPECT_EQ(std::to_string(offset), c[6]);
+                EXPECT_EQ("-", c[7]);
+                EXPECT_EQ("-", c[8]);
+                EXPECT_TRUE(startsWith(c[9], "nLps=")) << c[9];
+                EXPECT_GT(std::stod(c[10]), 0.0);
+                EXPECT_EQ("e", c[11]);
+                EXPECT_GT(std::stod(c[12]), 0.0);
+                EXPECT_EQ("-", c[13]);
+            }
+}
+
+TEST_F(AddNRowsRun, NameTableHoldsTheParameterNames) {
+    std::vector<std::string> ls = lines(readFile(box->path("kelvar_name.csv")));
+    expectTitleRows(ls);
+    int title = find(ls, "funcBase,");
+    ASSERT_GT(title, 0);
+    EXPECT_EQ(kColumnTitle, ls[title]);
+    ASSERT_EQ((size_t)title + 2, ls.size());
+    EXPECT_EQ("vdlsAddNRows,32f,D2,Column,stride,Row1,Offset,-,-,parmNames,-,-,-,-", ls[title + 1]);
+}
+
+TEST_F(AddNRowsRun, SummaryTableEndsWithTheCounts) {
+    std::vector<std::string> ls = lines(readFile(box->path("kelvar_sum.csv")));
+    expectTitleRows(ls);
+    int header = find(ls, "Function,Class,");
+    ASSERT_GT(header, 0);
+    EXPECT_EQ("Function,Class,Control87,Status87,ControlSSX,StatusSSX,Test,Time (sec.),SrcName,"
+              "Result,ExeName",
+              ls[header]);
+    std::vector<std::string> row = cells(ls[header + 1]);
+    ASSERT_EQ(11u, row.size());
+    EXPECT_EQ("vdlsAddNRows_32f_D2", row[0]);
+    EXPECT_EQ("Timing", row[1]);
+    EXPECT_EQ("-", row[2]);
+    EXPECT_EQ("-", row[3]);
+    EXPECT_EQ("-", row[4]);
+    EXPECT_EQ("-", row[5]);
+    EXPECT_EQ("TimAddNRow", row[6]);
+    EXPECT_GE(std::stoi(row[7]), 0);
+    EXPECT_EQ("p_addnrow_au", row[8]);
+    EXPECT_EQ("OK", row[9]);
+    EXPECT_EQ("kelvar", row[10]);
+    ASSERT_EQ("END_DATA", ls[header + 2]);
+    const char* labels[] = {".Number of tests,1", ".Successes      ,1", ".Failures       ,0",
+                            "...Fails        ,0", ".....-FAIL      ,0", ".....-EXCPTFAIL ,0",
+                            "...Warnings     ,0", ".....-WARNING   ,0", ".....-BADSTSWRN ,0",
+                            "...Undefined    ,0", ".Total time     ,"};
+    ASSERT_EQ((size_t)header + 3 + 11, ls.size());
+    for (int i = 0; i < 11; ++i) EXPECT_TRUE(startsWith(ls[header + 3 + i], labels[i])) << i;
+}
+
+TEST_F(AddNRowsRun, TextLogHoldsTitleTestAndSummary) {
+    std::string text = readFile(box->path("kelvar.txt"));
+    EXPECT_TRUE(contains(text, "Command line options: \n-B: batch mode\n"));
+    EXPECT_TRUE(contains(text, "| CPU      : "));
+    EXPECT_TRUE(contains(text, "| Library  : "));
+    EXPECT_TRUE(contains(text, "| Function  : vdlsAddNRows_32f_D2"));
+    EXPECT_TRUE(contains(text, "| -OK         vdlsAddNRows_32f_D2"));
+    EXPECT_TRUE(contains(text, "| .Number of tests : 1 "));
+    EXPECT_FALSE(contains(text, "__kvOrvanCpu"));  // the selection keeps the pseudo-test out
+    // The console got the same text as the log.
+    EXPECT_TRUE(contains(result.out, "| -OK         vdlsAddNRows_32f_D2"));
+}
+
+TEST(ProcessorReport, PseudoTestEndsOk) {
+    Sandbox box;
+    Result r = box.run({"-B", "-f=__kvOrvanCpu"});
+    EXPECT_EQ(0, r.code);
+    EXPECT_TRUE(contains(r.out, "    Orvan(R) Processor Identification\n"));
+    EXPECT_TRUE(contains(r.out, "| -OK         __kvOrvanCpu"));
+    EXPECT_TRUE(contains(r.out, "| .Successes       : 1 "));
+}
+
+}  // namespace
