@@ -111,7 +111,7 @@ inline void dlScale(dlScaleIterator& it, const kvString& funcName, Ints... value
 #define DL_REG(Class, func, args)                                       \
     DL_TRIO(func, func args, (void)0)                                   \
     [[maybe_unused]] static bool reg_##func = kvRegTest(new Class(     \
-        tcall_##func, 0, tim_##func##_loop, tim_##func##_stat, #func,   \
+        tcall_##func, (funcInit)0, tim_##func##_loop, tim_##func##_stat, #func, \
         dlModuleFile, #Class "//DL_REG"))
 
 // An in-place test: `restore` copies the saved input back over the work

@@ -3,8 +3,7 @@
 // frame against many (MultiMix), rows in one buffer (_D2) or by row
 // pointers (_D2L).
 #include "dl.h"
-#include "dlgaussdata.h"
-#include "dltwogrid.h"
+#include "dlscoringtest.h"
 
 DL_MODULE("vdlsr/src/p_lgauss_au");
 
@@ -15,38 +14,10 @@ static dlTwoGrid grid;
 static dlrScaleIterator& scaleFactor = grid.scaleFactor;
 static int rows, cols, stride;
 
-class TimLGauss : public prTest {
-public:
-    using prTest::prTest;
-
-    bool canStart() override {
-        grid.read(m_func, "Rows", "Cols");
-        data.init(m_func);
-        dst.init(m_func, DL_DST1);
-        return true;
-    }
-    bool canContinue() override {
-        if (!grid.next(m_firstSet)) return false;
-        rows = grid.rows;
-        cols = grid.cols;
-        stride = m_d2l ? 0 : roundedStride(cols);
-        return data.create(m_multiMix, m_d2l, rows, cols, stride, dlFillZero, dlFillZero) &&
-               dst.createVector(rows, SET_ZERO, 0, 0);
-    }
-    void flushData() override {
-        data.flush();
-        dst.deleteVector();
-    }
-    double getDivisor() override { return cols * rows; }
-    void columns(dlColumns& c) override {
-        c << dlItem("rows", rows) << dlItem("cols", cols) << dlStrideItem("stride", m_d2l, stride)
-          << scaleFactor;
-    }
-
-private:
-    const bool m_d2l = m_name.found("D2L");
-    const bool m_multiMix = m_name.found("MultiMix");
-};
+// Frame fill, model fill, then the per-row vectors with theirs.
+static dlScoringModule module(data, grid, rows, cols, stride,
+                              dlFillZero, dlFillZero, {{&dst, dlFillZero}});
+DL_SCORING_CLASS(TimLGauss);
 
 DL_REG(TimLGauss, vdlsLogGauss_32f_D2,
        DL_GAUSS_D2(srcVector, (meanVector, varVector), (dst), 0.5f));

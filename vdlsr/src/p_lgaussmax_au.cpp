@@ -1,8 +1,7 @@
 // Log-likelihood of feature frames against Gaussian mixture components,
 // kept where it exceeds the score already held by the destination.
 #include "dl.h"
-#include "dlgaussdata.h"
-#include "dltwogrid.h"
+#include "dlscoringtest.h"
 
 DL_MODULE("vdlsr/src/p_lgaussmax_au");
 
@@ -13,41 +12,10 @@ static dlTwoGrid grid;
 static dlrScaleIterator& scaleFactor = grid.scaleFactor;
 static int rows, cols, stride;
 
-class TimMahMaxF : public prTest {
-public:
-    using prTest::prTest;
-
-    bool canStart() override {
-        grid.read(m_func, "Rows", "Cols");
-        data.init(m_func);
-        vVal.init(m_func, DL_DST1);
-        SrcDst.init(m_func, DL_DST1);
-        return true;
-    }
-    bool canContinue() override {
-        if (!grid.next(m_firstSet)) return false;
-        rows = grid.rows;
-        cols = grid.cols;
-        stride = m_d2l ? 0 : roundedStride(cols);
-        return data.create(m_multiMix, m_d2l, rows, cols, stride, dlFillTwo, dlFillOne) &&
-               vVal.createVector(rows, SET_VALUE, 2.0, 0) &&
-               SrcDst.createVector(rows, SET_ONE, 0, 0);
-    }
-    void flushData() override {
-        data.flush();
-        vVal.deleteVector();
-        SrcDst.deleteVector();
-    }
-    double getDivisor() override { return cols * rows; }
-    void columns(dlColumns& c) override {
-        c << dlItem("rows", rows) << dlItem("cols", cols) << dlStrideItem("stride", m_d2l, stride)
-          << scaleFactor;
-    }
-
-private:
-    const bool m_d2l = m_name.found("D2L");
-    const bool m_multiMix = m_name.found("MultiMix");
-};
+// Frame fill, model fill, then the per-row vectors with theirs.
+static dlScoringModule module(data, grid, rows, cols, stride,
+                              dlFillTwo, dlFillOne, {{&vVal, dlFillTwo}, {&SrcDst, dlFillOne}});
+DL_SCORING_CLASS(TimMahMaxF);
 
 DL_REG(TimMahMaxF, vdlsLogGaussMax_32f_D2,
        DL_GAUSS_D2(srcVector, (vMean, vVar), (SrcDst), 0.5f));
