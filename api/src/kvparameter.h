@@ -4,6 +4,8 @@
 #ifndef KV_PARAMETER_H
 #define KV_PARAMETER_H
 
+#include <cmath>
+
 #include "kvlist.h"
 #include "kvstring.h"
 #include "vdlcore.h"
@@ -364,6 +366,19 @@ inline bool kvMulStepValid(float first, float last, float step, bool decreasing)
     return awayFromZero ? step > 1 : step < 1;
 }
 
+// A '+' or '-' step moves every value of the walk: always for integers; for
+// floats only a step above half the spacing at the larger limit does, since
+// at exactly half, rounding to even holds the value once it is even.
+inline bool kvAddStepAdvances(int first, int last, int step) {
+    (void)first; (void)last; (void)step;
+    return true;
+}
+
+inline bool kvAddStepAdvances(float first, float last, float step) {
+    float top = std::fabs(first) > std::fabs(last) ? std::fabs(first) : std::fabs(last);
+    return 2 * std::fabs(step) > std::nextafter(top, HUGE_VALF) - top;
+}
+
 // first, last and a step, or a list when the text is no step form.
 template <class T>
 class kvStepIterator : public kvIterator<T> {
@@ -450,6 +465,7 @@ void kvStepIterator<T>::validate(T first, T last, T& step, StepOprtn& op, bool& 
         T a = first, b = last;
         if ((kvStepApply(a, op, step) && a == first) || (kvStepApply(b, op, step) && b == last))
             ok = false;
+        if ((op == STEP_ADD || op == STEP_SUB) && !kvAddStepAdvances(first, last, step)) ok = false;
     }
     if (!ok) kvThrowInputError(KV_CONFLICT_TEXT);
 }

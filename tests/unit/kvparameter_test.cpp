@@ -239,3 +239,18 @@ TEST_F(OutputCapture, ConsoleAnswerIsEchoedEvenAtALowLevel) {
 }
 
 }  // namespace
+
+// At 2^26 floats lie 8 apart: +4 from the odd 67108872 reaches the even
+// 67108880, and from there each +4 rounds back to it, so the walk never ended.
+TEST(StepIterator, FloatStepOfHalfTheSpacingIsRefused) {
+    kvStepIterator<float> it;
+    it.translate("1;3;+1");
+    EXPECT_EQ(translateError(it, "67108872 67109672 +4"), conflict);
+    EXPECT_EQ(translateError(it, "-67108872; -67109672; -4"), conflict);
+    EXPECT_EQ(translateError(it, "67109672; 67108872; +-4"), conflict);
+    EXPECT_EQ(translateError(it, "16777218; 25586834; +1"), conflict);
+    EXPECT_EQ(walk(it), (std::vector<float>{1, 2, 3}));
+    // Just above half the spacing each step rounds up to the next float.
+    it.translate("67108872 67108896 +5");
+    EXPECT_EQ(walk(it), (std::vector<float>{67108872, 67108880, 67108888, 67108896}));
+}
