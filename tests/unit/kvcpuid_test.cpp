@@ -368,7 +368,7 @@ TEST(CpuClassification, ThisMachine) {
 
 TEST(CpuTypeTable, LabelsNamesAndValuesOfTheLibrary) {
     const int values[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 16, 17, 32,
-                          33, 34, 35, 36, 37, 38, 64, 65, 66, 67, 68, 69, 70, 71, 96};
+                          33, 34, 35, 36, 37, 38, 64, 65, 66, 67, 68, 69, 70, 71, 72, 96};
     for (int v : values) {
         kvString label = kvCpuType::cpuLabel(v);
         EXPECT_NE(kvString("Undefined"), label) << v;
@@ -401,9 +401,12 @@ TEST(CpuTypeTable, FormatLabelAndOptimizedList) {
     EXPECT_EQ(0u, list.find("Unknown  : non optimized code\nGen5     : optimized for Orvan "));
     EXPECT_TRUE(contains(list, "\nDeepSse2Tandem: optimized for "));
     EXPECT_FALSE(contains(list, "NextAvx"));
+    // The types with a code path of their own say which.
+    EXPECT_TRUE(contains(list, "\nAvx2     : optimized for Processor with AVX2 and FMA (256-bit"));
+    EXPECT_TRUE(contains(list, "\nAvx512   : optimized for Processor with 512-bit vector"));
     size_t lines = 0;
     for (char c : list) lines += c == '\n';
-    EXPECT_EQ(29u, lines);
+    EXPECT_EQ(30u, lines);
 }
 
 // ---------------------------------------------------------------- the report
