@@ -20,17 +20,6 @@ struct TestClass {
     std::vector<std::string> functions;
 };
 
-inline std::vector<std::string> split(const std::string& text, char separator) {
-    std::vector<std::string> cells;
-    std::string::size_type begin = 0, end;
-    while ((end = text.find(separator, begin)) != std::string::npos) {
-        cells.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    cells.push_back(text.substr(begin));
-    return cells;
-}
-
 struct Listed {
     std::string testClass;
     std::string source;

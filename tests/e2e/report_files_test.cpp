@@ -2,33 +2,18 @@
 // text log, the performance, name and summary tables beside the program.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "run_program.h"
+
+#include <gmock/gmock.h>
+
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 namespace {
 
 using namespace kelvar_e2e;
 
-std::vector<std::string> lines(const std::string& text) {
-    std::vector<std::string> out;
-    std::stringstream s(text);
-    std::string line;
-    while (std::getline(s, line)) out.push_back(line);
-    return out;
-}
-
-std::vector<std::string> cells(const std::string& line) {
-    std::vector<std::string> out;
-    std::stringstream s(line);
-    std::string cell;
-    while (std::getline(s, cell, ',')) out.push_back(cell);
-    return out;
-}
-
-bool startsWith(const std::string& text, const std::string& head) {
-    return text.compare(0, head.size(), head) == 0;
-}
+std::vector<std::string> cells(const std::string& line) { return split(line, ','); }
 
 // Index of the first line that starts with `head`, or -1.
 int find(const std::vector<std::string>& ls, const std::string& head) {
@@ -139,24 +124,24 @@ TEST_F(AddNRowsRun, SummaryTableEndsWithTheCounts) {
 
 TEST_F(AddNRowsRun, TextLogHoldsTitleTestAndSummary) {
     std::string text = readFile(box->path("kelvar.txt"));
-    EXPECT_TRUE(contains(text, "Command line options: \n-B: batch mode\n"));
-    EXPECT_TRUE(contains(text, "| CPU      : "));
-    EXPECT_TRUE(contains(text, "| Library  : "));
-    EXPECT_TRUE(contains(text, "| Function  : vdlsAddNRows_32f_D2"));
-    EXPECT_TRUE(contains(text, "| -OK         vdlsAddNRows_32f_D2"));
-    EXPECT_TRUE(contains(text, "| .Number of tests : 1 "));
-    EXPECT_FALSE(contains(text, "__kvOrvanCpu"));  // the selection keeps the pseudo-test out
+    EXPECT_THAT(text, HasSubstr("Command line options: \n-B: batch mode\n"));
+    EXPECT_THAT(text, HasSubstr("| CPU      : "));
+    EXPECT_THAT(text, HasSubstr("| Library  : "));
+    EXPECT_THAT(text, HasSubstr("| Function  : vdlsAddNRows_32f_D2"));
+    EXPECT_THAT(text, HasSubstr("| -OK         vdlsAddNRows_32f_D2"));
+    EXPECT_THAT(text, HasSubstr("| .Number of tests : 1 "));
+    EXPECT_THAT(text, Not(HasSubstr("__kvOrvanCpu")));  // the selection keeps the pseudo-test out
     // The console got the same text as the log.
-    EXPECT_TRUE(contains(result.out, "| -OK         vdlsAddNRows_32f_D2"));
+    EXPECT_THAT(result.out, HasSubstr("| -OK         vdlsAddNRows_32f_D2"));
 }
 
 TEST(ProcessorReport, PseudoTestEndsOk) {
     Sandbox box;
     Result r = box.run({"-B", "-f=__kvOrvanCpu"});
     EXPECT_EQ(0, r.code);
-    EXPECT_TRUE(contains(r.out, "    Orvan(R) Processor Identification\n"));
-    EXPECT_TRUE(contains(r.out, "| -OK         __kvOrvanCpu"));
-    EXPECT_TRUE(contains(r.out, "| .Successes       : 1 "));
+    EXPECT_THAT(r.out, HasSubstr("    Orvan(R) Processor Identification\n"));
+    EXPECT_THAT(r.out, HasSubstr("| -OK         __kvOrvanCpu"));
+    EXPECT_THAT(r.out, HasSubstr("| .Successes       : 1 "));
 }
 
 }  // namespace

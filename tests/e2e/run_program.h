@@ -8,11 +8,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "test_support.h"
 
 namespace kelvar_e2e {
 
@@ -21,39 +20,24 @@ struct Result {
     std::string out;
 };
 
-inline bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
-inline std::string readFile(const std::string& path) {
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-inline void writeFile(const std::string& path, const std::string& text) {
-    std::ofstream(path) << text;
-}
-
-inline bool exists(const std::string& path) {
-    struct stat st;
-    return stat(path.c_str(), &st) == 0;
-}
+using testsupport::contains;
+using testsupport::exists;
+using testsupport::lines;
+using testsupport::readFile;
+using testsupport::split;
+using testsupport::startsWith;
+using testsupport::writeFile;
 
 // A directory with a link to the program in it, so that every default file
 // lies there; removed with all it holds.
 class Sandbox {
 public:
-    Sandbox() {
-        char pattern[] = "/tmp/kelvar_cliXXXXXX";
-        m_dir = mkdtemp(pattern);
+    Sandbox() : m_dir(m_temp.dir()) {
         m_exe = m_dir + "/kelvar";
         if (symlink(KELVAR_EXE, m_exe.c_str()) != 0) m_exe = KELVAR_EXE;
     }
-    ~Sandbox() { std::system(("rm -rf " + m_dir).c_str()); }
 
-    std::string path(const std::string& name) const { return m_dir + "/" + name; }
+    std::string path(const std::string& name) const { return m_temp.path(name); }
     const std::string& dir() const { return m_dir; }
 
     // Runs the program from `cwd` (the sandbox by default) with `input` on
@@ -93,6 +77,7 @@ public:
     }
 
 private:
+    testsupport::TempDir m_temp;
     std::string m_dir;
     std::string m_exe;
 };

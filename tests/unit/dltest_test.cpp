@@ -2,16 +2,15 @@
 // timing trio spelled by the macros, scale iterators and the run order.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
 #include <vector>
-#include <sstream>
 #include <string>
 #include <unistd.h>
 
 #include "dl.h"
 #include "dltwogrid.h"
 #include "kvtestlist.h"
+#include "test_support.h"
 
 namespace {
 
@@ -36,21 +35,16 @@ static int arg = 1;
 DL_REG(TimFake, fakeFunction, (arg));
 
 std::string capture(const std::function<void()>& body) {
-    char path[] = "/tmp/dltest_XXXXXX";
-    int fd = mkstemp(path);
-    close(fd);
-    g_ostrm.addStream(path, false);
+    testsupport::TempDir dir;
+    const std::string path = dir.path("capture.txt");
+    g_ostrm.addStream(path.c_str(), false);
     body();
     g_ostrm.flush();
     kvOStream::iterator last = g_ostrm.end();
     --last;
     delete *last;
     g_ostrm.erase(last);
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    unlink(path);
-    return s.str();
+    return testsupport::readFile(path);
 }
 
 class DlTrio : public ::testing::Test {

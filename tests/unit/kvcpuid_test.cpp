@@ -16,6 +16,14 @@
 #include "kvinfotest.h"
 #include "kvstream.h"
 #include "kvvdl.h"
+#include "test_support.h"
+
+#include <gmock/gmock.h>
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+using testsupport::contains;
 
 namespace {
 
@@ -71,38 +79,25 @@ std::vector<Leaf> cacheLeaves(unsigned function) {
 // Collects what goes to g_ostrm at `level` in a file of its own.
 class Capture {
 public:
-    explicit Capture(OutputLevel level) : m_level(g_ostrm.getOutLevel()) {
-        char pattern[] = "/tmp/kvcpuidXXXXXX";
-        int fd = mkstemp(pattern);
-        if (fd >= 0) close(fd);
-        m_name = pattern;
+    explicit Capture(OutputLevel level)
+        : m_level(g_ostrm.getOutLevel()), m_name(m_dir.path("report.txt")) {
         g_ostrm.addStream(m_name.c_str(), false);
         g_ostrm.setOutLevel(level);
     }
     ~Capture() {
         g_ostrm.close();
         g_ostrm.setOutLevel(m_level);
-        remove(m_name.c_str());
     }
     std::string text() {
         g_ostrm.flush();
-        std::string text;
-        if (FILE* f = fopen(m_name.c_str(), "rb")) {
-            char buf[4096];
-            size_t n;
-            while ((n = fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
-            fclose(f);
-        }
-        return text;
+        return testsupport::readFile(m_name);
     }
 private:
+    testsupport::TempDir m_dir;
     OutputLevel m_level;
     std::string m_name;
 };
 
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
 
 }  // namespace
 
@@ -403,11 +398,11 @@ TEST(CpuTypeTable, FormatLabelAndOptimizedList) {
 
     std::string list = kvCpuType::optimizedList().c_str();
     EXPECT_EQ(0u, list.find("Unknown  : non optimized code\nGen5     : optimized for Orvan "));
-    EXPECT_TRUE(contains(list, "\nDeepSse2Tandem: optimized for "));
-    EXPECT_FALSE(contains(list, "NextAvx"));
+    EXPECT_THAT(list, HasSubstr("\nDeepSse2Tandem: optimized for "));
+    EXPECT_THAT(list, Not(HasSubstr("NextAvx")));
     // The types with a code path of their own say which.
-    EXPECT_TRUE(contains(list, "\nAvx2     : optimized for Processor with AVX2 and FMA (256-bit"));
-    EXPECT_TRUE(contains(list, "\nAvx512   : optimized for Processor with 512-bit vector"));
+    EXPECT_THAT(list, HasSubstr("\nAvx2     : optimized for Processor with AVX2 and FMA (256-bit"));
+    EXPECT_THAT(list, HasSubstr("\nAvx512   : optimized for Processor with 512-bit vector"));
     size_t lines = 0;
     for (char c : list) lines += c == '\n';
     EXPECT_EQ(30u, lines);
@@ -522,13 +517,13 @@ TEST(CpuReport, FullReportOfTheMakersProcessor) {
 TEST(CpuReport, OtherVendorIsWarnedAboutAndLimitsNeedPerformanceLevel) {
     ModelCpu cpu(fullModel("OtherMakerXY"));
     std::string text = report(ERR);
-    EXPECT_TRUE(contains(text, "    Got by CPUID Instruction Functions\n"
+    EXPECT_THAT(text, HasSubstr("    Got by CPUID Instruction Functions\n"
                                "\n"
                                "    ATTENTION! It is not Genuine Orvan processor.\n"
                                "    Information below may be inadequate.\n" +
                                    std::string(starLine) + "\nVendor-ID      OtherMakerXY\n"));
-    EXPECT_FALSE(contains(text, "Largest Standard Function"));
-    EXPECT_TRUE(contains(text, "    Deterministic Cache Parameters\n"));
+    EXPECT_THAT(text, Not(HasSubstr("Largest Standard Function")));
+    EXPECT_THAT(text, HasSubstr("    Deterministic Cache Parameters\n"));
 }
 
 TEST(CpuReport, SectionsOfAbsentFunctionsAreLeftOut) {
@@ -536,16 +531,16 @@ TEST(CpuReport, SectionsOfAbsentFunctionsAreLeftOut) {
                   {1, 0, {0x00000F29u, 0x00010000u, 0, 0x10000000u}},
                   {4, 0, {0x0C004021u, 0x01C0003Fu, 63, 0}}});
     std::string text = report(ERR | PERF);
-    EXPECT_TRUE(contains(text, "Largest Extended Function 0x00000000\n"));
-    EXPECT_TRUE(contains(text, "Family   15\nModel    2\nStepping 9\nType     0\n\n"));
-    EXPECT_FALSE(contains(text, "Brand"));
-    EXPECT_TRUE(contains(text, "Orvan64    0 - "));
+    EXPECT_THAT(text, HasSubstr("Largest Extended Function 0x00000000\n"));
+    EXPECT_THAT(text, HasSubstr("Family   15\nModel    2\nStepping 9\nType     0\n\n"));
+    EXPECT_THAT(text, Not(HasSubstr("Brand")));
+    EXPECT_THAT(text, HasSubstr("Orvan64    0 - "));
     // One logical processor: the tandem bit alone does not count.
-    EXPECT_TRUE(contains(text, "No support of Tandem Technology and Nucleus Multi-Processing\n"
+    EXPECT_THAT(text, HasSubstr("No support of Tandem Technology and Nucleus Multi-Processing\n"
                                "Logical Processors 1 - "));
-    EXPECT_FALSE(contains(text, "Cores per Package"));
-    EXPECT_FALSE(contains(text, "Deterministic Cache Parameters"));
-    EXPECT_FALSE(contains(text, "Extended L2 Cache Features"));
+    EXPECT_THAT(text, Not(HasSubstr("Cores per Package")));
+    EXPECT_THAT(text, Not(HasSubstr("Deterministic Cache Parameters")));
+    EXPECT_THAT(text, Not(HasSubstr("Extended L2 Cache Features")));
     EXPECT_EQ(text.size() - strlen(starLine), text.rfind(starLine));
 }
 
@@ -554,19 +549,19 @@ TEST(CpuReport, AnEmptyFirstCacheEntryLeavesTheHeadingAlone) {
                   {1, 0, {0x00800F12u, 0x00020800u, 0x7ED8320Bu, 0x178BFBFFu}},
                   {4, 0, {0, 0, 0, 0}}});
     std::string text = report(ERR);
-    EXPECT_TRUE(contains(text, "    Deterministic Cache Parameters\n"));
-    EXPECT_FALSE(contains(text, std::string(singleLine)));
+    EXPECT_THAT(text, HasSubstr("    Deterministic Cache Parameters\n"));
+    EXPECT_THAT(text, Not(HasSubstr(std::string(singleLine))));
 }
 
 TEST(CpuReport, ThisMachine) {
     std::string text = report(ERR);
     EXPECT_EQ(0u, text.find(std::string(79, '*') + "\n"));
     EXPECT_EQ(vdl_is_GenuineOrvan() == 0, contains(text, "    ATTENTION! It is not Genuine"));
-    EXPECT_TRUE(contains(text, "    Selected Feature Flags\n\nMMX        1 - "));
+    EXPECT_THAT(text, HasSubstr("    Selected Feature Flags\n\nMMX        1 - "));
     // A cache entry is printed only when function 4 lists one: some
     // processors answer function 4 with an empty first entry.
     const bool listsCaches = CPUID::validFunction(4) && CPUID(4, 0).getBits(0, 4, 0) != 0;
     EXPECT_EQ(listsCaches, contains(text, "\n" + std::string(79, '-') + "\n"));
     EXPECT_EQ(CPUID::validFunction(4), contains(text, "    Deterministic Cache Parameters\n"));
-    EXPECT_TRUE(contains(text, "\n" + std::string(79, '=') + "\n"));
+    EXPECT_THAT(text, HasSubstr("\n" + std::string(79, '=') + "\n"));
 }

@@ -16,6 +16,12 @@
 #include "kvtest.h"
 #include "kvtestlist.h"
 #include "kvtool/kvtool.h"
+#include "test_support.h"
+
+#include <gmock/gmock.h>
+
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 namespace {
 
@@ -45,9 +51,6 @@ std::string tokenizeLine(const char* line) {
     return keysOf(list);
 }
 
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
 
 // Collects what g_ostrm writes during one test, at the given level.
 class Capture {
@@ -100,17 +103,8 @@ void resetKeyGlobals() {
     g_istrm.setIStream(0);
 }
 
-class TempDir {
-public:
-    TempDir() {
-        char pattern[] = "/tmp/kvkeysXXXXXX";
-        m_dir = mkdtemp(pattern);
-    }
-    ~TempDir() { std::system(("rm -rf " + m_dir).c_str()); }
-    std::string path(const char* name = "") const { return m_dir + "/" + name; }
-private:
-    std::string m_dir;
-};
+using testsupport::TempDir;
+using testsupport::contains;
 
 // A session with the whole key table, as initSession builds it, but without
 // binding the library.
@@ -307,7 +301,7 @@ TEST_F(KeysTest, ReportLinesOfARun) {
         "-d: ignored: empty data argument\n",
         "-dfoo: ignored: incorrect data format\n",
         "-d =1: ignored: incorrect data format\n"};
-    for (const char* line : lines) EXPECT_TRUE(contains(out, line)) << line;
+    for (const char* line : lines) EXPECT_THAT(out, HasSubstr(line)) << line;
     EXPECT_EQ(2, kvTool::m_priority);
     EXPECT_EQ(15, m_session.m_askMode);
     EXPECT_TRUE(g_tool.m_setUse);
@@ -322,22 +316,22 @@ TEST_F(KeysTest, ReportLinesOfARun) {
 
 TEST_F(KeysTest, ExitLevels) {
     std::string out = parse({"-B", "-e", "-h"});
-    EXPECT_TRUE(contains(out, "-B: ignored because of -h option\n-e: ignored because of -h option\n"));
+    EXPECT_THAT(out, HasSubstr("-B: ignored because of -h option\n-e: ignored because of -h option\n"));
     EXPECT_EQ(1, s_hintArg);
     EXPECT_TRUE(s_hintHide);
 
     out = parse({"-B", "-v", "-fx"});
-    EXPECT_TRUE(contains(out, "-B: ignored because of -v option\n"));
-    EXPECT_TRUE(contains(out, "-fx: ignored because of -v option\n"));
+    EXPECT_THAT(out, HasSubstr("-B: ignored because of -v option\n"));
+    EXPECT_THAT(out, HasSubstr("-fx: ignored because of -v option\n"));
 
     // -e ranks above -v, and leaves the selection keys alone.
     out = parse({"-v", "-e", "-fx", "-B"});
-    EXPECT_TRUE(contains(out, "-e: enumerate tested functions and exit\n"
+    EXPECT_THAT(out, HasSubstr("-e: enumerate tested functions and exit\n"
                               "-fx: test functions containing 'x'\n"
                               "-B: ignored because of -e option\n"));
 
     out = parse({"-hh", "-hB", "-e-", "-??", "-?h"});
-    EXPECT_TRUE(contains(out, "-hh: type extended help and exit\n"
+    EXPECT_THAT(out, HasSubstr("-hh: type extended help and exit\n"
                               "-hB: type extended help for -B key and exit\n"
                               "-e-: ignored because of -h option\n"
                               "-??: type extended help with hidden keys and exit\n"
@@ -359,14 +353,14 @@ TEST_F(KeysTest, FileNamesFollowDirectoriesAndDefaultName) {
         "-nrun: name ini-file and output files as run.<proper-ext>\n",
         "-n: ignored: empty default name\n",
         "-p: ignored: empty directory name\n"};
-    for (const char* line : lines) EXPECT_TRUE(contains(out, line)) << line;
+    for (const char* line : lines) EXPECT_THAT(out, HasSubstr(line)) << line;
     EXPECT_EQ("/opt/kv/bin/out/kelvar.end", str(m_session.m_sglName));
     EXPECT_EQ("/opt/kv/bin/set.ini", str(m_session.m_iniName));
 }
 
 TEST_F(KeysTest, LastIniKeySetsNameAndMode) {
     TempDir dir;
-    std::string pdir = "-p" + dir.path();
+    std::string pdir = "-p" + dir.path("");
     parse({pdir.c_str(), "-Iw", "-ir"});
     EXPECT_EQ(dir.path("r.ini"), str(m_session.m_iniName));
     EXPECT_FALSE(m_session.m_iniWrite);
@@ -380,11 +374,11 @@ TEST_F(KeysTest, LastIniKeySetsNameAndMode) {
 
 TEST_F(KeysTest, LibraryKeys) {
     std::string out = parse({"-TNoSuchCpu"});
-    EXPECT_TRUE(contains(out, "-TNoSuchCpu: ignored: <vdlcore.h> is not included before <dl.h> "
+    EXPECT_THAT(out, HasSubstr("-TNoSuchCpu: ignored: <vdlcore.h> is not included before <dl.h> "
                               "in test files\n"));
     vdlEnvironment = [] {};
     out = parse({"-TNoSuchCpu", "-N4", "-N0", "-Nx"});
-    EXPECT_TRUE(contains(out, "-TNoSuchCpu: ignored: incorrect CPU type\n"
+    EXPECT_THAT(out, HasSubstr("-TNoSuchCpu: ignored: incorrect CPU type\n"
                               "-N4: call vdlSetNumThreads(4)\n"
                               "-N0: ignored: incorrect number of threads\n"
                               "-Nx: ignored: incorrect number of threads\n"));
@@ -432,19 +426,18 @@ TEST_F(KeysTest, TableOrderAndUpdate) {
 TEST_F(KeysTest, QuickHelp) {
     std::string quick = help(1, true);
     EXPECT_EQ(0u, quick.find(std::string("QUICK HELP\n") + B_help + A_help + d_help));
-    EXPECT_FALSE(contains(quick, S_help));
+    EXPECT_THAT(quick, Not(HasSubstr(S_help)));
     EXPECT_EQ(quick.size() - std::string(h_help).size(), quick.rfind(h_help));
 
     std::string all = help(1, false);
     EXPECT_EQ(0u, all.find(std::string("QUICK HELP with hidden keys\n") + B_help));
-    EXPECT_TRUE(contains(all, std::string(N_help) + S_help + C_help + s_help));
+    EXPECT_THAT(all, HasSubstr(std::string(N_help) + S_help + C_help + s_help));
 }
 
 TEST_F(KeysTest, ExtendedHelp) {
     std::string full = help('h', true);
     EXPECT_EQ(0u, full.find(std::string("EXTENDED HELP\n\n") + B_help + B_descr + "\n" + A_help));
-    EXPECT_TRUE(contains(full,
-                         "\n-o[<file-name>]  = create txt-file and write console output\n"
+    EXPECT_THAT(full, HasSubstr("\n-o[<file-name>]  = create txt-file and write console output\n"
                          "If file-name is empty then default file path will be used:\n"
                          "    <default-dir>/<default-name>.txt\n"
                          "    <default-dir> : <exe-file-dir> or -l key argument if any\n"
@@ -452,13 +445,13 @@ TEST_F(KeysTest, ExtendedHelp) {
                          "If several -o keys present in command line then all these files will be created\n"
                          "    and filled\n\n-O"));
     // Hidden keys and keys without help text are left out.
-    EXPECT_FALSE(contains(full, S_help));
-    EXPECT_FALSE(contains(full, hq_descr));
+    EXPECT_THAT(full, Not(HasSubstr(S_help)));
+    EXPECT_THAT(full, Not(HasSubstr(hq_descr)));
     EXPECT_EQ(full.size() - std::string(h_descr).size(), full.rfind(h_descr));
 
     std::string hidden = help('?', false);
     EXPECT_EQ(0u, hidden.find("EXTENDED HELP with hidden keys\n\n-B "));
-    EXPECT_TRUE(contains(hidden, std::string("\n") + S_help +
+    EXPECT_THAT(hidden, HasSubstr(std::string("\n") + S_help +
                                      "This is hidden key used by developers only\n" + S_descr));
 }
 
@@ -555,7 +548,7 @@ TEST_F(CommonDataTest, TimingMethodFromData) {
     set("Method=x");
     session.readTimingMethod();
     EXPECT_TRUE(g_tool.getMethodAuto());
-    EXPECT_TRUE(contains(out.text(), "Invalid value of Method = x\n"));
+    EXPECT_THAT(out.text(), HasSubstr("Invalid value of Method = x\n"));
 }
 
 TEST_F(CommonDataTest, AutoMethodReadsOnlyMethodAndAccuracy) {
@@ -582,7 +575,7 @@ TEST_F(CommonDataTest, DataOffsetFromData) {
     EXPECT_EQ(6, kvGetVectorAlign());
     EXPECT_FALSE(kvGetAlignSrc());
     EXPECT_EQ(512, kvGetVectorShift());
-    EXPECT_FALSE(contains(out.text(), "MutualVectorShift"));
+    EXPECT_THAT(out.text(), Not(HasSubstr("MutualVectorShift")));
 
     // A multiple of 64 is no misalignment, so the first-vector question goes.
     set("VectorAlign=64");
@@ -608,7 +601,7 @@ TEST_F(CommonDataTest, CommonParametersAreReadOnce) {
     EXPECT_EQ(2, session.readTestParameters());
     EXPECT_EQ(320, frame.value());
     EXPECT_FALSE(frame.toRead());
-    EXPECT_TRUE(contains(out.text(), "Specify common test parameters, please"));
+    EXPECT_THAT(out.text(), HasSubstr("Specify common test parameters, please"));
     delete g_pParmList;
     g_pParmList = saved;
 }

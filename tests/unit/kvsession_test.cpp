@@ -22,8 +22,8 @@ kvResult steadyLoop(int loops, long long* clocks) {
 
 TEST(KvSessionRun, PlainTestRunsEndToEnd) {
     kvCpuTicker::setFreq(1000);
-    char dir[] = "/tmp/kvsession_XXXXXX";
-    std::string base = mkdtemp(dir);
+    static TempDir dir;  // the session's files stay open until the process ends
+    std::string base = dir.dir();
     std::string log = base + "/log.txt";
     g_ostrm.addStream(log.c_str(), false);
 
@@ -78,8 +78,8 @@ TEST(KvSessionPaths, FileNamesTakeTheirEnding) {
 }
 
 TEST(KvSessionSignal, SignalFileHoldsElapsedAndEndTime) {
-    char dir[] = "/tmp/kvsignal_XXXXXX";
-    std::string path = std::string(mkdtemp(dir)) + "/run.end";
+    TempDir dir;
+    std::string path = dir.path("run.end").c_str();
     kvSession s;
     s.outputSignal();  // no name: nothing, and no crash without a list
     s.setSglName(path.c_str());

@@ -1,43 +1,30 @@
-// Helpers shared by the unit tests: a temporary directory, whole-file reads
-// and writes, and a capture of what the global text stream writes.
+// Helpers of the unit tests: the shared test support in the framework's
+// strings, and a capture of what the global text stream writes.
 #ifndef KV_TESTUTIL_H
 #define KV_TESTUTIL_H
 
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "kvstream.h"
+#include "test_support.h"
 
-class TempDir {
+using testsupport::contains;
+using testsupport::lines;
+using testsupport::split;
+using testsupport::startsWith;
+
+// A scratch folder whose paths are the framework's strings.
+class TempDir : public testsupport::TempDir {
 public:
-    TempDir() {
-        char pattern[] = "/tmp/kvtestXXXXXX";
-        m_dir = mkdtemp(pattern);
+    kvString path(const char* name) const {
+        return kvString(testsupport::TempDir::path(name).c_str());
     }
-    ~TempDir() { std::system(("rm -rf " + m_dir).c_str()); }
-    kvString path(const char* name) const { return kvString(m_dir.c_str()) + "/" + name; }
-    const std::string& dir() const { return m_dir; }
-
-private:
-    std::string m_dir;
 };
 
-inline std::string readFile(const kvString& name) {
-    std::string text;
-    if (FILE* f = fopen(name.c_str(), "rb")) {
-        char buf[4096];
-        size_t n;
-        while ((n = fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
-        fclose(f);
-    }
-    return text;
-}
+inline std::string readFile(const kvString& name) { return testsupport::readFile(name.c_str()); }
 
 inline void writeFile(const kvString& name, const std::string& text) {
-    FILE* f = fopen(name.c_str(), "wb");
-    fwrite(text.data(), 1, text.size(), f);
-    fclose(f);
+    testsupport::writeFile(name.c_str(), text);
 }
 
 // Attaches a file to a stream for one test and detaches it again; every
