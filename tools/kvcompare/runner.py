@@ -26,11 +26,11 @@ def check_keys(keys):
 class Progress:
     """One line rewritten in place on a terminal, one line per run otherwise."""
 
-    def __init__(self, total, stream=sys.stderr):
+    def __init__(self, total, stream=None):
         self.total = total
-        self.stream = stream
+        self.stream = stream or sys.stderr
         self.start = time.monotonic()
-        self.tty = stream.isatty()
+        self.tty = self.stream.isatty()
 
     def update(self, done, what):
         elapsed = time.monotonic() - self.start
@@ -67,7 +67,7 @@ def run_side(kelvar, folder, lib, keys):
     return code
 
 
-def repeat_runs(kelvar, out_dir, sides, runs, keys, progress_stream=sys.stderr):
+def repeat_runs(kelvar, out_dir, sides, runs, keys, progress_stream=None):
     """sides: list of (name, library folder or None). Returns the side folders
     and the runs that ended with a failed test."""
     if not os.path.isfile(kelvar) or not os.access(kelvar, os.X_OK):

@@ -41,6 +41,11 @@ def verdict(ratio, p, alpha, threshold):
     return "same"
 
 
+def _median(x, axis):
+    """nanmedian, by way of the much quicker median when nothing is missing."""
+    return np.nanmedian(x, axis=axis) if np.isnan(x).any() else np.median(x, axis=axis)
+
+
 def _matrix(rows, side):
     """Runs by rows of clocks, NaN where a run has no figure."""
     return np.array([[np.nan if v is None else v for v in getattr(r, side)] for r in rows],
@@ -54,8 +59,8 @@ def run_levels(a, b):
     with warnings.catch_warnings():
         warnings.simplefilter("ignore", RuntimeWarning)
         la, lb = np.log(a), np.log(b)
-        ref = np.nanmedian(np.vstack([la, lb]), axis=0)
-        return np.nanmedian(la - ref, axis=1), np.nanmedian(lb - ref, axis=1)
+        ref = _median(np.vstack([la, lb]), 0)
+        return _median(la - ref, 1), _median(lb - ref, 1)
 
 
 def function_effect(rows, alpha):
@@ -80,8 +85,8 @@ def function_effect(rows, alpha):
         warnings.simplefilter("ignore", RuntimeWarning)
         pick_a = rng.integers(0, a.shape[0], (BOOTSTRAP_SAMPLES, a.shape[0]))
         pick_b = rng.integers(0, b.shape[0], (BOOTSTRAP_SAMPLES, b.shape[0]))
-        med_a = np.nanmedian(a[pick_a], axis=1)
-        med_b = np.nanmedian(b[pick_b], axis=1)
+        med_a = _median(a[pick_a], 1)
+        med_b = _median(b[pick_b], 1)
         logs = np.nanmean(np.log(med_b / med_a), axis=1)
     logs = logs[~np.isnan(logs)]
     if logs.size == 0:
