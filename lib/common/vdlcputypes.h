@@ -22,7 +22,9 @@ enum Feature : unsigned {
     featAvx = 1u << 7,
     featAvx2 = 1u << 8,
     featMovbe = 1u << 9,
-    featWide64 = 1u << 10
+    featWide64 = 1u << 10,
+    featFma = 1u << 11,
+    featVec512 = 1u << 12  // the 512-bit foundation, DQ, BW and VL sets
 };
 
 // Cumulative levels: code built for one level may use every older extension.
@@ -33,7 +35,8 @@ constexpr unsigned levelSsse3 = levelSse3 | featSsse3;
 constexpr unsigned levelSse41 = levelSsse3 | featSse41;
 constexpr unsigned levelSse42 = levelSse41 | featSse42;
 constexpr unsigned levelAvx = levelSse42 | featAvx;
-constexpr unsigned levelAvx2 = levelAvx | featAvx2;
+constexpr unsigned levelAvx2 = levelAvx | featAvx2 | featFma;
+constexpr unsigned levelVec512 = levelAvx2 | featVec512;
 
 inline unsigned detectFeatures(const CpuidView& cpu)
 {
@@ -51,8 +54,16 @@ inline unsigned detectFeatures(const CpuidView& cpu)
     const bool osSavesYmm = bit(f1.ecx, 27) && (cpu.xcr0() & 0x6u) == 0x6u;
     if (osSavesYmm && bit(f1.ecx, 28)) {
         mask |= featAvx;
-        if (bit(cpu.regs(7, 0).ebx, 5))
+        const CpuidRegs f7 = cpu.regs(7, 0);
+        if (bit(f7.ebx, 5))
             mask |= featAvx2;
+        if (bit(f1.ecx, 12))
+            mask |= featFma;
+        // 512-bit state: the opmask and both halves of the upper registers.
+        const bool osSavesZmm = (cpu.xcr0() & 0xE0u) == 0xE0u;
+        if (osSavesZmm && bit(f7.ebx, 16) && bit(f7.ebx, 17) && bit(f7.ebx, 30) &&
+            bit(f7.ebx, 31))
+            mask |= featVec512;
     }
     if (bit(cpu.regs(0x80000001u).edx, 29))
         mask |= featWide64;
@@ -69,7 +80,7 @@ inline bool hasAll(unsigned have, unsigned need)
 inline VdlCpuType classify(unsigned features)
 {
     static const struct { unsigned need; VdlCpuType type; } ladder[] = {
-        {levelAvx2, vdlCpuAvx2},   {levelAvx, vdlCpuAvx},
+        {levelVec512, vdlCpuAvx512}, {levelAvx2, vdlCpuAvx2},   {levelAvx, vdlCpuAvx},
         {levelSse42, vdlCpuSse42}, {levelSse41, vdlCpuSse41},
         {levelSsse3, vdlCpuSsse3}, {levelSse3, vdlCpuSse3},
         {levelSse2, vdlCpuSse2},   {levelSsx, vdlCpuSsx},
@@ -114,6 +125,7 @@ inline bool requiredFeatures(VdlCpuType type, unsigned* need)
         {vdlCpuSse42, levelSse42},
         {vdlCpuAvx, levelAvx},
         {vdlCpuAvx2, levelAvx2},
+        {vdlCpuAvx512, levelVec512},
         {vdlCpuWide64, featWide64},
     };
     for (const auto& row : table) {
@@ -123,6 +135,20 @@ inline bool requiredFeatures(VdlCpuType type, unsigned* need)
         }
     }
     return false;
+}
+
+// The code path a type's code runs: the widest whose extensions the type
+// has. Without a 512-bit build its types run the 256-bit path.
+inline int pathOfType(VdlCpuType type)
+{
+    unsigned need = 0;
+    if (!requiredFeatures(type, &need))
+        return 0;
+#ifdef VDL_HAVE_512
+    if (hasAll(need, levelVec512))
+        return 2;
+#endif
+    return hasAll(need, levelAvx2) ? 1 : 0;
 }
 
 // Cores per package: function 4 where it describes caches, else the

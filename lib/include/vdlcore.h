@@ -47,6 +47,7 @@ typedef enum {
 /* Status codes. -2 is left unused: callers take it to mean "no library bound". */
 enum {
     /* warnings */
+    vdlStsThreadsWrn         = 5,   /* more than one thread asked for; the library runs on the caller's thread */
     vdlStsLogNegArgWrn       = 4,   /* log of a negative argument; result set to the floor */
     vdlStsLogZeroArgWrn      = 3,   /* log of zero; result set to the floor */
     vdlStsDivByZeroWrn       = 2,   /* division by zero; result saturated */
@@ -62,7 +63,7 @@ enum {
     vdlStsNoMemErr           = -7,  /* memory allocation failed */
     vdlStsCpuNotSupportedErr = -8,  /* the processor lacks extensions the requested type needs */
     vdlStsCpuTypeErr         = -9,  /* the processor type code is unknown */
-    vdlStsNumThreadsErr      = -10, /* thread count outside 1..online processors */
+    vdlStsNumThreadsErr      = -10, /* negative thread count */
     vdlStsNoCacheInfoErr     = -11, /* the processor reports no cache sizes */
     vdlStsDivByZeroErr       = -12, /* division by zero that leaves no usable result */
     vdlStsOutOfRangeErr      = -13, /* an index or parameter lies outside its range */
@@ -70,8 +71,11 @@ enum {
 };
 
 /* Processor types, named by generation and the newest extension each runs.
- * 1..38 are model-specific code paths, 64..71 extension levels for any maker,
- * 96 the bare 64-bit instruction set. */
+ * 1..38 are model-specific, 64..72 extension levels for any maker, 96 the
+ * bare 64-bit instruction set. Each type runs one of the library's code
+ * paths (vdlGetCodePath): types with AVX2 and FMA the 256-bit path, type 72
+ * the 512-bit path where the library was built with it, all others the
+ * baseline path. */
 enum {
     vdlCpuUnknown          = 0,  /* generic code, no extension required */
     vdlCpuGen5             = 1,  /* fifth generation, x87 only */
@@ -101,7 +105,8 @@ enum {
     vdlCpuSse41            = 68, /* any maker, SSE4.1 */
     vdlCpuSse42            = 69, /* any maker, SSE4.2 */
     vdlCpuAvx              = 70, /* any maker, AVX with the state enabled by the OS */
-    vdlCpuAvx2             = 71, /* any maker, AVX2 with the state enabled by the OS */
+    vdlCpuAvx2             = 71, /* any maker, AVX2 and FMA with the state enabled by the OS */
+    vdlCpuAvx512           = 72, /* any maker, 512-bit vectors (F, DQ, BW, VL) enabled by the OS */
     vdlCpuWide64           = 96  /* any maker, 64-bit mode without a known SIMD level */
 };
 
@@ -119,20 +124,33 @@ VdlStatus vdlGetMaxCacheSizeB(int* size);
 /* Text for a status code; unknown codes get a generic text. Never null. */
 const char* vdlGetStatusString(VdlStatus status);
 
-/* Selects the best code path for the running processor: vdlStsNoErr, or
- * vdlStsGenericCodeWrn when only generic code fits. */
+/* Selects the best code path for the running processor: the widest whose
+ * extensions the processor has and whose register state the operating
+ * system saves. vdlStsNoErr, or vdlStsGenericCodeWrn when only the baseline
+ * path fits. The library selects so once at load as well. */
 VdlStatus vdlInit(void);
 
-/* Selects the code path of one processor type; refused with a negative status
- * for an unknown code or a type the running processor cannot execute, in
- * which case the current selection stays. */
+/* Selects the code path of one processor type; refused with
+ * vdlStsCpuTypeErr for an unknown code and vdlStsCpuNotSupportedErr for a
+ * type the running processor cannot execute, in which case the current
+ * selection stays. */
 VdlStatus vdlInitCpu(VdlCpuType cpu);
 
-/* Type whose code path is selected; the first call without a prior vdlInit
- * or vdlInitCpu selects as vdlInit would. */
+/* Type whose code path is selected. */
 VdlCpuType vdlGetEnabledCpuType(void);
 
-/* Stores the thread count for the library's kernels, 1..online processors. */
+/* Code path in force: 0 baseline x86-64, 1 256-bit vectors with fused
+ * multiply-add, 2 512-bit vectors. Results of different paths may differ
+ * within the bounds each family states, since wider paths sum in another
+ * order. */
+int vdlGetCodePath(void);
+
+/* Name of the code path in force ("baseline", "vec256", "vec512"). Never null. */
+const char* vdlGetCodePathName(void);
+
+/* The library runs on the caller's thread. 0 and 1 are accepted
+ * (vdlStsNoErr); a larger count is stored and answered with the warning
+ * vdlStsThreadsWrn; a negative count is refused with vdlStsNumThreadsErr. */
 VdlStatus vdlSetNumThreads(int numThreads);
 
 /* Thread count stored by vdlSetNumThreads; 1 until set. */

@@ -30,4 +30,8 @@ VdlStatus vdlsSet_32f(Vdl32f val, Vdl32f* pDst, int len);
 }
 #endif
 
+/* General functions that families of libvdlsr build on, one header each. */
+#include "vdls_feature.h"
+#include "vdls_lp.h"
+
 #endif

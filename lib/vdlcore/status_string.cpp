@@ -8,6 +8,7 @@ struct StatusText {
 };
 
 const StatusText statusTexts[] = {
+    {vdlStsThreadsWrn, "Warning: the library runs on the caller's thread only"},
     {vdlStsLogNegArgWrn, "Warning: logarithm of a negative argument, result set to the floor value"},
     {vdlStsLogZeroArgWrn, "Warning: logarithm of zero, result set to the floor value"},
     {vdlStsDivByZeroWrn, "Warning: division by zero, result saturated"},
@@ -21,7 +22,7 @@ const StatusText statusTexts[] = {
     {vdlStsNoMemErr, "Not enough memory"},
     {vdlStsCpuNotSupportedErr, "The processor does not support the requested processor type"},
     {vdlStsCpuTypeErr, "Unknown processor type code"},
-    {vdlStsNumThreadsErr, "Number of threads is out of the range 1 to the number of processors"},
+    {vdlStsNumThreadsErr, "Number of threads is negative"},
     {vdlStsNoCacheInfoErr, "The processor reports no cache size"},
     {vdlStsDivByZeroErr, "Division by zero"},
     {vdlStsOutOfRangeErr, "Index or parameter is out of range"},

@@ -1,7 +1,6 @@
-// Thread count for the kernels. The kernels are single-threaded today; the
-// count is kept so that callers can set it and later kernels can honour it.
-#include <unistd.h>
-
+// Thread count. The kernels run on the caller's thread; a count above one
+// is kept, so that a caller can read back what it asked for, and answered
+// with a warning that says so.
 #include <atomic>
 
 #include "vdlcore.h"
@@ -10,22 +9,16 @@ namespace {
 
 std::atomic<int> g_numThreads{1};
 
-int onlineProcessors()
-{
-    const long n = sysconf(_SC_NPROCESSORS_ONLN);
-    return n > 0 ? static_cast<int>(n) : 1;
-}
-
 } // namespace
 
 extern "C" {
 
 VdlStatus vdlSetNumThreads(int numThreads)
 {
-    if (numThreads < 1 || numThreads > onlineProcessors())
+    if (numThreads < 0)
         return vdlStsNumThreadsErr;
-    g_numThreads = numThreads;
-    return vdlStsNoErr;
+    g_numThreads = numThreads < 1 ? 1 : numThreads;
+    return numThreads > 1 ? vdlStsThreadsWrn : vdlStsNoErr;
 }
 
 VdlStatus vdlGetNumThreads(int* numThreads)

@@ -8,17 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "run_program.h"
+#include "catalogue.h"
 
 namespace {
 
 using namespace kelvar_e2e;
-
-struct TestClass {
-    const char* name;
-    const char* source;
-    std::vector<std::string> functions;
-};
 
 const std::vector<TestClass>& family() {
     static const std::vector<TestClass> classes = {
@@ -120,34 +114,6 @@ const std::vector<TestClass>& family() {
     return classes;
 }
 
-std::vector<std::string> split(const std::string& text, char separator) {
-    std::vector<std::string> cells;
-    std::string::size_type begin = 0, end;
-    while ((end = text.find(separator, begin)) != std::string::npos) {
-        cells.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    cells.push_back(text.substr(begin));
-    return cells;
-}
-
-struct Listed {
-    std::string testClass;
-    std::string source;
-};
-
-// The rows of an -e listing: number, function, class, source, each cell
-// followed by a tab.
-std::map<std::string, Listed> listing(const std::string& out) {
-    std::map<std::string, Listed> rows;
-    for (const std::string& line : split(out, '\n')) {
-        std::vector<std::string> cells = split(line, '\t');
-        if (cells.size() != 5 || cells[0] == "   #") continue;
-        rows[cells[1]] = Listed{cells[2], cells[3]};
-    }
-    return rows;
-}
-
 TEST(GaussCatalogue, EachClassListsItsFunctionsAndModule) {
     Sandbox box;
     std::vector<std::string> args = {"-e"};
@@ -173,20 +139,6 @@ TEST(GaussCatalogue, EachClassListsItsFunctionsAndModule) {
     EXPECT_EQ(162u, expected);
 }
 
-// Rows of the performance table per function: a row begins with the
-// function's prefix and base name, its types and its descriptor.
-std::map<std::string, int> rowsPerFunction(const std::string& table) {
-    std::map<std::string, int> counts;
-    for (const std::string& line : split(table, '\n')) {
-        std::vector<std::string> cells = split(line, ',');
-        if (cells.size() < 3) continue;
-        std::string name = cells[0] + "_" + cells[1];
-        if (cells[2] != "-" && !cells[2].empty()) name += "_" + cells[2];
-        ++counts[name];
-    }
-    return counts;
-}
-
 // The stride cell of a function's rows by their column count, for a table
 // whose rows read rows, cols, stride behind the function's three cells.
 std::map<int, std::string> strideByCols(const std::string& table, const std::string& base,
@@ -198,13 +150,6 @@ std::map<int, std::string> strideByCols(const std::string& table, const std::str
             strides[std::stoi(cells[4])] = cells[5];
     }
     return strides;
-}
-
-// The value of a row of the closing summary, as "label,value".
-std::string summaryValue(const std::string& sum, const std::string& label) {
-    for (const std::string& line : split(sum, '\n'))
-        if (line.compare(0, label.size() + 1, label + ",") == 0) return line.substr(label.size() + 1);
-    return "(missing)";
 }
 
 TEST(GaussCatalogue, QuickRunOfTheFamilyPassesAndWalksWholeGrids) {

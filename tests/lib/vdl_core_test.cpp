@@ -13,7 +13,7 @@
 namespace {
 
 const VdlStatus allStatuses[] = {
-    vdlStsLogNegArgWrn, vdlStsLogZeroArgWrn, vdlStsDivByZeroWrn, vdlStsGenericCodeWrn,
+    vdlStsThreadsWrn, vdlStsLogNegArgWrn, vdlStsLogZeroArgWrn, vdlStsDivByZeroWrn, vdlStsGenericCodeWrn,
     vdlStsNoErr, vdlStsErr, vdlStsNullPtrErr, vdlStsSizeErr, vdlStsStepErr, vdlStsBadArgErr,
     vdlStsNoMemErr, vdlStsCpuNotSupportedErr, vdlStsCpuTypeErr, vdlStsNumThreadsErr,
     vdlStsNoCacheInfoErr, vdlStsDivByZeroErr, vdlStsOutOfRangeErr, vdlStsContextMatchErr};
@@ -24,12 +24,15 @@ const VdlCpuType allCpuTypes[] = {
     vdlCpuMobileSse3Dual, vdlCpuEmbeddedSsx, vdlCpuEmbeddedSse2, vdlCpuDeepSse3Wide64,
     vdlCpuWideSsse3, vdlCpuWideSsse3Quad, vdlCpuWideSse41, vdlCpuLowPowerMovbe,
     vdlCpuWideSse42, vdlCpuNextAvx, vdlCpuSsx, vdlCpuSse2, vdlCpuSse3, vdlCpuSsse3,
-    vdlCpuSse41, vdlCpuSse42, vdlCpuAvx, vdlCpuAvx2, vdlCpuWide64};
+    vdlCpuSse41, vdlCpuSse42, vdlCpuAvx, vdlCpuAvx2, vdlCpuAvx512, vdlCpuWide64};
 
 // The compiler's own processor detection is the independent judge here.
 VdlCpuType expectedLevel()
 {
-    if (__builtin_cpu_supports("avx2")) return vdlCpuAvx2;
+    if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+        __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vl"))
+        return vdlCpuAvx512;
+    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) return vdlCpuAvx2;
     if (__builtin_cpu_supports("avx")) return vdlCpuAvx;
     if (__builtin_cpu_supports("sse4.2")) return vdlCpuSse42;
     if (__builtin_cpu_supports("sse4.1")) return vdlCpuSse41;
@@ -63,7 +66,7 @@ TEST(VdlStatusString, UnknownCodesShareTheGenericText)
 {
     const std::string unknown = vdlGetStatusString(12345);
     EXPECT_FALSE(unknown.empty());
-    for (VdlStatus s : {-2, 5, -15, INT_MIN, INT_MAX})
+    for (VdlStatus s : {-2, 6, -15, INT_MIN, INT_MAX})
         EXPECT_EQ(unknown, vdlGetStatusString(s)) << s;
 }
 
@@ -94,10 +97,33 @@ TEST(VdlCpu, TypeIsTheHighestExtensionLevel)
     EXPECT_EQ(vdlGetCpuType(), expectedLevel());
 }
 
-TEST(VdlDispatch, InitSelectsTheDetectedType)
+TEST(VdlDispatch, InitSelectsTheDetectedTypeAndItsPath)
 {
-    EXPECT_EQ(vdlInit(), vdlStsNoErr);
+    const VdlStatus status = vdlInit();
     EXPECT_EQ(vdlGetEnabledCpuType(), vdlGetCpuType());
+    const int widest = expectedLevel() == vdlCpuAvx512 ? 2 : expectedLevel() == vdlCpuAvx2 ? 1 : 0;
+    EXPECT_LE(vdlGetCodePath(), widest);  // a build may lack the widest path
+    EXPECT_EQ(status, vdlGetCodePath() == 0 ? vdlStsGenericCodeWrn : vdlStsNoErr);
+}
+
+TEST(VdlDispatch, ForcedTypesSelectTheirPathAndRefusalsKeepIt)
+{
+    ASSERT_EQ(vdlInitCpu(vdlCpuSse2), vdlStsNoErr);
+    EXPECT_EQ(vdlGetCodePath(), 0);
+    EXPECT_STREQ(vdlGetCodePathName(), "baseline");
+    if (vdlInitCpu(vdlCpuAvx2) == vdlStsNoErr) {
+        EXPECT_EQ(vdlGetCodePath(), 1);
+        EXPECT_STREQ(vdlGetCodePathName(), "vec256");
+        EXPECT_NE(std::strstr(vdlsrGetLibVersion()->Version, "vec256"), nullptr);
+    }
+    const int before = vdlGetCodePath();
+    const VdlCpuType type = vdlGetEnabledCpuType();
+    if (expectedLevel() != vdlCpuAvx512) {
+        EXPECT_EQ(vdlInitCpu(vdlCpuAvx512), vdlStsCpuNotSupportedErr);
+        EXPECT_EQ(vdlGetCodePath(), before);
+        EXPECT_EQ(vdlGetEnabledCpuType(), type);
+    }
+    vdlInit();
 }
 
 TEST(VdlDispatch, InitCpuAcceptsRunnableTypes)
@@ -119,6 +145,7 @@ TEST(VdlDispatch, InitCpuFollowsTheProcessorsExtensions)
         {vdlCpuSse42, expectedLevel() >= vdlCpuSse42},
         {vdlCpuNextAvx, expectedLevel() >= vdlCpuAvx},
         {vdlCpuAvx2, expectedLevel() >= vdlCpuAvx2},
+        {vdlCpuAvx512, expectedLevel() >= vdlCpuAvx512},
         {vdlCpuLowPowerMovbe, __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("movbe")},
     };
     for (const auto& c : cases)
@@ -129,7 +156,7 @@ TEST(VdlDispatch, InitCpuFollowsTheProcessorsExtensions)
 TEST(VdlDispatch, InitCpuRefusesUnknownCodesAndKeepsSelection)
 {
     ASSERT_EQ(vdlInitCpu(vdlCpuSse2), vdlStsNoErr);
-    for (VdlCpuType t : {-1, 12, 15, 18, 31, 39, 63, 72, 95, 97, 1000, INT_MIN}) {
+    for (VdlCpuType t : {-1, 12, 15, 18, 31, 39, 63, 73, 95, 97, 1000, INT_MIN}) {
         EXPECT_EQ(vdlInitCpu(t), vdlStsCpuTypeErr) << t;
         EXPECT_EQ(vdlGetEnabledCpuType(), vdlCpuSse2);
     }
@@ -143,28 +170,24 @@ TEST(VdlDispatch, EveryDeclaredTypeIsKnown)
     vdlInit();
 }
 
-TEST(VdlThreads, AcceptsOneToOnlineProcessors)
+TEST(VdlThreads, RunsOnTheCallersThreadAndSaysSo)
 {
-    const int online = onlineProcessors();
     int n = 0;
-    EXPECT_EQ(vdlSetNumThreads(online), vdlStsNoErr);
-    ASSERT_EQ(vdlGetNumThreads(&n), vdlStsNoErr);
-    EXPECT_EQ(n, online);
-    EXPECT_EQ(vdlSetNumThreads(1), vdlStsNoErr);
+    EXPECT_EQ(vdlSetNumThreads(0), vdlStsNoErr);
     vdlGetNumThreads(&n);
     EXPECT_EQ(n, 1);
-}
-
-TEST(VdlThreads, RefusesOutOfRangeAndKeepsCount)
-{
-    ASSERT_EQ(vdlSetNumThreads(1), vdlStsNoErr);
-    for (int bad : {0, -1, INT_MIN, onlineProcessors() + 1}) {
+    EXPECT_EQ(vdlSetNumThreads(1), vdlStsNoErr);
+    // More than one is kept but warned about, whatever the processor count.
+    EXPECT_EQ(vdlSetNumThreads(onlineProcessors() + 3), vdlStsThreadsWrn);
+    vdlGetNumThreads(&n);
+    EXPECT_EQ(n, onlineProcessors() + 3);
+    for (int bad : {-1, INT_MIN}) {
         EXPECT_EQ(vdlSetNumThreads(bad), vdlStsNumThreadsErr) << bad;
-        int n = 0;
         vdlGetNumThreads(&n);
-        EXPECT_EQ(n, 1);
+        EXPECT_EQ(n, onlineProcessors() + 3);
     }
     EXPECT_EQ(vdlGetNumThreads(nullptr), vdlStsNullPtrErr);
+    vdlSetNumThreads(1);
 }
 
 TEST(VdlVersion, RecordsAreFilledAndDistinct)

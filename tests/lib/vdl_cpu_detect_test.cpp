@@ -147,7 +147,41 @@ TEST(VdlTypeDetect, AvxNeedsTheStateSavedByTheOs)
     EXPECT_FALSE(vdl::hasAll(features, need));
 
     cpu.m_xcr0 = 0x7;
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx);
+    // The 256-bit path needs fused multiply-add beside AVX2.
+    cpu.set(1, 0, {0, 0, ecx | (1u << 12), edx});
     EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx2);
+}
+
+TEST(VdlTypeDetect, Vec512NeedsFourSetsAndTheUpperStateSaved)
+{
+    RecordedCpuid cpu(7, 0x80000001u);
+    const unsigned edx = (1u << 23) | (1u << 25) | (1u << 26);
+    const unsigned ecx = 1u | (1u << 9) | (1u << 12) | (1u << 19) | (1u << 20) | (1u << 27) |
+                         (1u << 28);
+    const unsigned sets = (1u << 16) | (1u << 17) | (1u << 30) | (1u << 31);
+    cpu.set(1, 0, {0, 0, ecx, edx});
+    cpu.set(7, 0, {0, (1u << 5) | sets, 0, 0});
+    cpu.m_xcr0 = 0x7;  // opmask and upper halves not saved
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx2);
+    cpu.m_xcr0 = 0xE7;
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx512);
+    cpu.set(7, 0, {0, (1u << 5) | (sets & ~(1u << 30)), 0, 0});  // no BW
+    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx2);
+}
+
+TEST(VdlTypeDetect, EachTypeRunsTheWidestPathItsExtensionsAllow)
+{
+    EXPECT_EQ(vdl::pathOfType(vdlCpuUnknown), 0);
+    EXPECT_EQ(vdl::pathOfType(vdlCpuNextAvx), 0);
+    EXPECT_EQ(vdl::pathOfType(vdlCpuAvx), 0);
+    EXPECT_EQ(vdl::pathOfType(vdlCpuAvx2), 1);
+#ifdef VDL_HAVE_512
+    EXPECT_EQ(vdl::pathOfType(vdlCpuAvx512), 2);
+#else
+    EXPECT_EQ(vdl::pathOfType(vdlCpuAvx512), 1);
+#endif
+    EXPECT_EQ(vdl::pathOfType(12345), 0);
 }
 
 TEST(VdlTypeDetect, LadderStopsAtTheFirstMissingLevel)

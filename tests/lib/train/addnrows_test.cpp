@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "gauss_reference.h"
+#include "test_data.h"
 #include "vdlsr.h"
 
-using namespace gaussref;
+using namespace vdltest;
 
 namespace {
 

@@ -1,8 +1,8 @@
-// Straightforward double-precision models of the Gaussian functions, and
-// the data helpers their tests share: random values that the element type
-// holds exactly, and rows laid out both in one padded buffer and as a table.
-#ifndef VDL_TESTS_GAUSS_REFERENCE_H
-#define VDL_TESTS_GAUSS_REFERENCE_H
+// Test data that the library's family tests share: random values that the
+// element type holds exactly, rows laid out both in one padded buffer and as
+// a table of row pointers, and the one rounding rule of integer results.
+#ifndef VDL_TESTS_TEST_DATA_H
+#define VDL_TESTS_TEST_DATA_H
 
 #include <cmath>
 #include <cstdint>
@@ -13,7 +13,8 @@
 
 #include "vdlcore.h"
 
-namespace gaussref {
+namespace vdltest {
+
 
 // What a layout puts where no row element lies; a function that reads it
 // gives a visibly wrong result.
@@ -68,37 +69,17 @@ struct RowSet {
     std::vector<const T*> table;
 };
 
-inline double logAdd(double a, double b)
+// Round to nearest, halves away from zero, saturated to the range of T.
+template <class T>
+double roundSaturate(double x)
 {
-    const double hi = std::max(a, b);
-    const double lo = std::min(a, b);
-    return lo == -INFINITY ? hi : hi + std::log1p(std::exp(lo - hi));
-}
-
-// Round to nearest, halves away from zero, saturated to 32 bits.
-inline double saturateRound32(double x)
-{
-    if (x >= 2147483647.0)
-        return 2147483647.0;
-    if (x <= -2147483648.0)
-        return -2147483648.0;
+    if (x >= static_cast<double>(std::numeric_limits<T>::max()))
+        return std::numeric_limits<T>::max();
+    if (x <= static_cast<double>(std::numeric_limits<T>::min()))
+        return std::numeric_limits<T>::min();
     return std::round(x);
 }
 
-enum class Var { Precision, Unit, Direct };
-
-// sum over k of (x - m)^2 * w, with w from `var` as the form reads it.
-inline double quadForm(const double* x, const double* m, const double* var, int width, Var form)
-{
-    double q = 0;
-    for (int k = 0; k < width; ++k) {
-        const double d = x[k] - m[k];
-        const double w = form == Var::Unit ? 1.0 : form == Var::Direct ? 1.0 / var[k] : var[k];
-        q += d * d * w;
-    }
-    return q;
-}
-
-} // namespace gaussref
+} // namespace vdltest
 
 #endif

@@ -1,7 +1,9 @@
-// Where the rows of a Gaussian call lie, and where its value arguments come
-// from. A kernel asks a layout for row i and never cares which one it is.
-#ifndef VDL_GAUSS_LAYOUT_H
-#define VDL_GAUSS_LAYOUT_H
+// Where the rows of a call lie. A kernel asks a layout for row i and never
+// cares which one it is: _D2 rows of one buffer, _D2L rows behind a table of
+// pointers, one row shared by every index, or no row at all. RowRef is the
+// same in one plain struct, for kernels compiled per code path.
+#ifndef VDL_COMMON_ROWS_H
+#define VDL_COMMON_ROWS_H
 
 #include <cstddef>
 
@@ -11,12 +13,24 @@
 
 namespace vdl {
 
+// Row i of any layout: table ? table[i] : base + i * step (step 0 repeats
+// one row; no base and no table gives null rows).
+template <class T>
+struct RowRef {
+    const T* base = nullptr;
+    std::ptrdiff_t step = 0;
+    const T* const* table = nullptr;
+
+    const T* row(int i) const { return table ? table[i] : base + i * step; }
+};
+
 // _D2: rows of one buffer, `step` elements apart.
 template <class T>
 class StepRows {
 public:
     StepRows(const T* base, int step) : m_base(base), m_step(step) {}
     const T* row(int i) const { return m_base + static_cast<std::ptrdiff_t>(i) * m_step; }
+    RowRef<T> ref() const { return {m_base, m_step, nullptr}; }
     VdlStatus nullCheck(int) const { return checkPtrs({m_base}); }
     VdlStatus stepCheck(int width) const { return checkStep(m_step, width); }
 
@@ -31,6 +45,7 @@ class TableRows {
 public:
     explicit TableRows(const T* const* table) : m_table(table) {}
     const T* row(int i) const { return m_table[i]; }
+    RowRef<T> ref() const { return {nullptr, 0, m_table}; }
     VdlStatus nullCheck(int height) const
     {
         if (m_table == nullptr)
@@ -53,6 +68,7 @@ class OneRow {
 public:
     explicit OneRow(const T* row) : m_row(row) {}
     const T* row(int) const { return m_row; }
+    RowRef<T> ref() const { return {m_row, 0, nullptr}; }
     VdlStatus nullCheck(int) const { return checkPtrs({m_row}); }
     VdlStatus stepCheck(int) const { return vdlStsNoErr; }
 
@@ -66,31 +82,9 @@ class NoRow {
 public:
     explicit NoRow(const T*) {}
     const T* row(int) const { return nullptr; }
+    RowRef<T> ref() const { return {}; }
     VdlStatus nullCheck(int) const { return vdlStsNoErr; }
     VdlStatus stepCheck(int) const { return vdlStsNoErr; }
-};
-
-// The value argument of a score: one for all rows, or one per row.
-template <class D>
-class SameValue {
-public:
-    explicit SameValue(D value) : m_value(value) {}
-    D operator[](int) const { return m_value; }
-    VdlStatus nullCheck() const { return vdlStsNoErr; }
-
-private:
-    D m_value;
-};
-
-template <class D>
-class RowValues {
-public:
-    explicit RowValues(const D* values) : m_values(values) {}
-    D operator[](int i) const { return m_values[i]; }
-    VdlStatus nullCheck() const { return checkPtrs({m_values}); }
-
-private:
-    const D* m_values;
 };
 
 } // namespace vdl

@@ -8,27 +8,24 @@
 #include <limits>
 
 #include "gauss_layout.h"
-#include "gauss_types.h"
+#include "gauss_quad.h"
 #include "vdlargcheck.h"
+#include "vdlround.h"
+#include "vdltypes.h"
 
 #pragma GCC visibility push(hidden)
 
 namespace vdl {
+
+// The variance kinds of a score. Each picks its kernel from a QuadSet and
+// says whether its variance row is read and what values it must hold.
 
 // q = sum over k of (x_k - m_k)^2 * w_k, with w given as precisions.
 struct InverseVar {
     static constexpr bool hasVariance = true;
 
     template <class A, class T>
-    static A sum(const T* x, const T* m, const T* w, int n)
-    {
-        A q = 0;
-        for (int k = 0; k < n; ++k) {
-            const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
-            q += d * d * static_cast<A>(w[k]);
-        }
-        return q;
-    }
+    static QuadRowsFn<A, T> kernel(const QuadSet<A, T>& set) { return set.inverse; }
 
     template <class T>
     static bool valid(const T*, int) { return true; }
@@ -39,15 +36,7 @@ struct UnitVar {
     static constexpr bool hasVariance = false;
 
     template <class A, class T>
-    static A sum(const T* x, const T* m, const T*, int n)
-    {
-        A q = 0;
-        for (int k = 0; k < n; ++k) {
-            const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
-            q += d * d;
-        }
-        return q;
-    }
+    static QuadRowsFn<A, T> kernel(const QuadSet<A, T>& set) { return set.unit; }
 
     template <class T>
     static bool valid(const T*, int) { return true; }
@@ -59,15 +48,7 @@ struct DirectVar {
     static constexpr bool hasVariance = true;
 
     template <class A, class T>
-    static A sum(const T* x, const T* m, const T* v, int n)
-    {
-        A q = 0;
-        for (int k = 0; k < n; ++k) {
-            const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
-            q += d * d / static_cast<A>(v[k]);
-        }
-        return q;
-    }
+    static QuadRowsFn<A, T> kernel(const QuadSet<A, T>& set) { return set.direct; }
 
     template <class T>
     static bool valid(const T* v, int n)
@@ -186,10 +167,17 @@ VdlStatus scoreRows(const SrcRows& src, const MeanRows& mean, const VarRows& var
     for (int i = 0; i < height; ++i)
         if (!Var::valid(var.row(i), width))
             return vdlStsBadArgErr;
-    for (int i = 0; i < height; ++i) {
-        const auto q =
-            Var::template sum<typename Ty::Acc>(src.row(i), mean.row(i), var.row(i), width);
-        sink(i, finish(i, q));
+    using Acc = typename Ty::Acc;
+    const QuadRowsFn<Acc, typename Ty::Src> quad =
+        Var::kernel(gaussKernels().template set<Acc, typename Ty::Src>());
+    // The forms of a block of rows in one kernel call, then their scores.
+    constexpr int block = 64;
+    Acc q[block];
+    for (int first = 0; first < height; first += block) {
+        const int count = height - first < block ? height - first : block;
+        quad(src.ref(), mean.ref(), var.ref(), width, first, count, q);
+        for (int j = 0; j < count; ++j)
+            sink(first + j, finish(first + j, q[j]));
     }
     return vdlStsNoErr;
 }

@@ -1,0 +1,52 @@
+// Straightforward double-precision models of the Gaussian functions.
+#ifndef VDL_TESTS_GAUSS_REFERENCE_H
+#define VDL_TESTS_GAUSS_REFERENCE_H
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <random>
+#include <type_traits>
+#include <vector>
+
+#include "test_data.h"
+#include "vdlcore.h"
+
+namespace gaussref {
+
+using namespace vdltest;
+
+inline double logAdd(double a, double b)
+{
+    const double hi = std::max(a, b);
+    const double lo = std::min(a, b);
+    return lo == -INFINITY ? hi : hi + std::log1p(std::exp(lo - hi));
+}
+
+// Round to nearest, halves away from zero, saturated to 32 bits.
+inline double saturateRound32(double x)
+{
+    if (x >= 2147483647.0)
+        return 2147483647.0;
+    if (x <= -2147483648.0)
+        return -2147483648.0;
+    return std::round(x);
+}
+
+enum class Var { Precision, Unit, Direct };
+
+// sum over k of (x - m)^2 * w, with w from `var` as the form reads it.
+inline double quadForm(const double* x, const double* m, const double* var, int width, Var form)
+{
+    double q = 0;
+    for (int k = 0; k < width; ++k) {
+        const double d = x[k] - m[k];
+        const double w = form == Var::Unit ? 1.0 : form == Var::Direct ? 1.0 / var[k] : var[k];
+        q += d * d * w;
+    }
+    return q;
+}
+
+} // namespace gaussref
+
+#endif
