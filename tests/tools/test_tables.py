@@ -67,7 +67,7 @@ class ProgramTables(unittest.TestCase):
         out_dir = os.path.join(self.dir, "results")
         code, out, err = run_cli("run", "--kelvar", KELVAR, "--runs", "1", "--lib-b",
                                  os.path.join(os.path.dirname(os.path.dirname(KELVAR)), "lib"),
-                                 "--out", out_dir, "--", *QUICK_KEYS)
+                                 "--out", out_dir, *QUICK_KEYS)   # keys need no '--'
         self.assertEqual(code, 0, err)
         for side in ("A", "B"):
             self.assertTrue(os.path.isfile(os.path.join(out_dir, side, "run01", "kelvar.csv")))

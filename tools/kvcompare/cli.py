@@ -33,7 +33,7 @@ DEFAULT_KELVAR = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__
                               "..", "build", "bin", "kelvar")
 
 
-def _add_verdict_options(p):
+def _add_verdict_options(p, select=True):
     g = p.add_argument_group("verdict and output")
     g.add_argument("--alpha", type=float, default=0.05,
                    help="significance level of the rank test (default 0.05)")
@@ -48,9 +48,10 @@ def _add_verdict_options(p):
     fmt.add_argument("--markdown", action="store_true", help="write Markdown instead of text")
     g.add_argument("--functions-only", action="store_true",
                    help="leave out the table of rows")
-    g.add_argument("-f", "--function", action="append", default=[], metavar="PATTERN",
-                   help="only functions whose name holds PATTERN (wildcards * ? allowed); "
-                        "may be repeated")
+    if select:
+        g.add_argument("-f", "--function", action="append", default=[], metavar="PATTERN",
+                       help="only functions whose name holds PATTERN (wildcards * ? "
+                            "allowed); may be repeated")
 
 
 def build_parser():
@@ -61,11 +62,11 @@ def build_parser():
 
     p = sub.add_parser("run", help="repeat kelvar runs for one or two library builds",
                        formatter_class=argparse.RawDescriptionHelpFormatter,
-                       description="Run kelvar --runs times for side A and, with --lib-b, "
-                                   "as often for side B, interleaved A B A B. Each run's "
-                                   "tables land in OUT/A/runNN and OUT/B/runNN. Keys for "
-                                   "kelvar (selection -f -t, -d, -i) follow '--'; -B -r -q "
-                                   "-u -o and -l are set by this command.",
+                       description="Run kelvar --runs times for side A and, with --lib-b,\n"
+                                   "as often for side B, interleaved A B A B. Each run's\n"
+                                   "tables land in OUT/A/runNN and OUT/B/runNN. Keys for\n"
+                                   "kelvar (selection -f -t, -d, -i) follow '--'; this\n"
+                                   "command sets -B -r -q -u -o and -l itself.",
                        epilog="example:\n  kelvar-compare run --lib-b build-O0/lib -- "
                               "-fLogGauss_32f_D2 '-dRows=8;16'")
     p.add_argument("--runs", type=int, default=5, help="runs per side (default 5)")
@@ -79,18 +80,18 @@ def build_parser():
                    help="results folder (default: kelvar-results/YYYYMMDD-HHMMSS)")
     p.add_argument("--no-compare", action="store_true",
                    help="with two sides, do not print the comparison at the end")
-    _add_verdict_options(p)
+    _add_verdict_options(p, select=False)
     p.add_argument("keys", nargs=argparse.REMAINDER, help="keys for kelvar, after '--'")
 
     p = sub.add_parser("compare", help="compare two sides with a verdict per function",
                        formatter_class=argparse.RawDescriptionHelpFormatter,
-                       description="A and B are each a performance table (kelvar.csv) or "
-                                   "a folder searched for them, such as OUT/A of 'run'. "
-                                   "Given one results folder of 'run', its A and B are "
-                                   "compared. Rows are matched by function and parameters; "
+                       description="A and B are each a performance table (kelvar.csv) or\n"
+                                   "a folder searched for them, such as OUT/A of 'run'.\n"
+                                   "Given one results folder of 'run', its A and B are\n"
+                                   "compared. Rows are matched by function and parameters;\n"
                                    "rows of one side only are listed.")
-    p.add_argument("a", metavar="A")
-    p.add_argument("b", metavar="B", nargs="?")
+    p.add_argument("a", metavar="A", help="the side before: a table or folder of runs")
+    p.add_argument("b", metavar="B", nargs="?", help="the side after")
     _add_verdict_options(p)
 
     p = sub.add_parser("plot", help="draw clocks per element against size")
@@ -130,8 +131,9 @@ def _filtered(runs, patterns):
 
 
 def _compare(args, out, a, b):
-    runs_a = _filtered(load_runs(a), args.function)
-    runs_b = _filtered(load_runs(b), args.function)
+    patterns = getattr(args, "function", [])
+    runs_a = _filtered(load_runs(a), patterns)
+    runs_b = _filtered(load_runs(b), patterns)
     c = comparing.compare(a, runs_a, b, runs_b, alpha=args.alpha,
                           threshold=args.threshold / 100.0)
     if args.csv:
@@ -144,7 +146,7 @@ def _compare(args, out, a, b):
 
 
 def _run(args, out):
-    keys = args.keys[1:] if args.keys[:1] == ["--"] else args.keys
+    keys = args.extra + (args.keys[1:] if args.keys[:1] == ["--"] else args.keys)
     if args.runs < 1:
         raise TableError("--runs must be 1 or more")
     out_dir = args.out or os.path.join("kelvar-results", time.strftime("%Y%m%d-%H%M%S"))
@@ -159,7 +161,12 @@ def _run(args, out):
 
 
 def main(argv=None, out=sys.stdout):
-    args = build_parser().parse_args(argv)
+    parser = build_parser()
+    args, extra = parser.parse_known_args(argv)
+    if extra and args.command != "run":
+        parser.error("unrecognized arguments: " + " ".join(extra))
+    # Keys for the program that stand before '--' are passed on all the same.
+    args.extra = extra
     try:
         if args.command == "run":
             return _run(args, out)

@@ -7,6 +7,7 @@ import re
 import matplotlib
 matplotlib.use("Agg")
 import matplotlib.pyplot as plt  # noqa: E402
+from matplotlib import ticker  # noqa: E402
 
 from .grid import medians, select  # noqa: E402
 from .tables import EMPTY, param_names  # noqa: E402
@@ -92,6 +93,7 @@ def plot_function(function, sides, out_dir):
     sizes = [_number(x) for x in all_sizes]
     if numeric and sizes and min(sizes) > 0 and max(sizes) / min(sizes) >= 16:
         ax.set_xscale("log", base=2)
+        ax.xaxis.set_major_formatter(ticker.ScalarFormatter())
     cpu = first_runs[0].title_value("CPU") if first_runs else ""
     title = "%s: clocks per element (%s)" % (function, unit)
     if shown < total:
