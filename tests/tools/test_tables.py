@@ -123,10 +123,13 @@ class HandMadeTables(unittest.TestCase):
         self.assertEqual(len(runs[1].title), len(TITLE))
 
     def test_rows_of_one_side_are_listed_not_dropped(self):
-        a = write_table(self.path("a/kelvar.csv"), [row("vdlsAdd", 16, 3.0), row("vdlsAdd", 32, 3.0),
+        a = write_table(self.path("a/kelvar.csv"), [row("vdlsAdd", 16, 3.0, comment="nLps=9 acc=8%"),
+                                                    row("vdlsAdd", 32, 3.0),
                                                     row("vdlsOld", 8, 1.0)])
         b = write_table(self.path("b/kelvar.csv"), [row("vdlsAdd", 16, 3.0), row("vdlsAdd", 64, 3.0)])
         c = compare.compare("a", tables.load_runs(a), "b", tables.load_runs(b))
+        self.assertEqual([(r.label, r.missed) for r in c.rows], [("Len/Size=16", 1)],
+                         "a missed accuracy stays with its row")
         only = sorted((o.side, o.function, o.label) for o in c.one_sided)
         self.assertEqual(only, [("A", "vdlsAdd_32f_D2", "Len/Size=32"),
                                 ("A", "vdlsOld_32f_D2", "Len/Size=8"),

@@ -5,8 +5,9 @@ from .tables import describe_params, param_names
 
 
 class RowResult:
-    def __init__(self, key, label, values_a, values_b):
+    def __init__(self, key, label, values_a, values_b, missed=0):
         self.key = key
+        self.missed = missed          # runs of both sides that missed their accuracy
         self.function = key[0]
         self.label = label
         self.values_a = values_a      # one figure per run, None where missing
@@ -55,16 +56,20 @@ class Comparison:
 
 
 def _collect(runs):
-    """Key -> figures per run, in the order the keys first appear."""
+    """Key -> figures per run, in the order the keys first appear, and the
+    number of runs whose figure of a key missed its accuracy target."""
     order = []
     figures = {}
+    missed = {}
     for i, run in enumerate(runs):
         for key, row in run.keyed_rows().items():
             if key not in figures:
                 figures[key] = [None] * len(runs)
                 order.append(key)
             figures[key][i] = row.clocks
-    return order, figures
+            if row.accuracy is not None:
+                missed[key] = missed.get(key, 0) + 1
+    return order, figures, missed
 
 
 def _label(names, key):
@@ -78,8 +83,8 @@ def _label(names, key):
 
 def compare(name_a, runs_a, name_b, runs_b, alpha=0.05, threshold=0.02):
     result = Comparison(name_a, runs_a, name_b, runs_b, alpha, threshold)
-    order_a, figures_a = _collect(runs_a)
-    order_b, figures_b = _collect(runs_b)
+    order_a, figures_a, missed_a = _collect(runs_a)
+    order_b, figures_b, missed_b = _collect(runs_b)
     names = {}
 
     def label(key):
@@ -90,7 +95,8 @@ def compare(name_a, runs_a, name_b, runs_b, alpha=0.05, threshold=0.02):
     by_function = {}
     for key in order_a:
         if key in figures_b:
-            row = RowResult(key, label(key), figures_a[key], figures_b[key])
+            row = RowResult(key, label(key), figures_a[key], figures_b[key],
+                            missed_a.get(key, 0) + missed_b.get(key, 0))
             row.verdict = stats.verdict(row.ratio, row.p, alpha, threshold)
             result.rows.append(row)
             by_function.setdefault(key[0], []).append(row)

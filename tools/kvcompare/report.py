@@ -5,14 +5,14 @@ import io
 
 from .textout import aligned, fmt_clocks, fmt_p, fmt_range, fmt_ratio, markdown
 
-ROW_HEADER = ("function", "parameters", "A", "B", "B/A", "p", "verdict")
+ROW_HEADER = ("function", "parameters", "A", "B", "B/A", "p", "verdict", "acc")
 FUNCTION_HEADER = ("function", "rows", "B/A", "range", "p", "verdict")
-FIGURES = ("A", "B", "B/A", "p", "rows", "range")
+FIGURES = ("A", "B", "B/A", "p", "rows", "range", "acc")
 
 
 def _row_cells(r):
     return (r.function, r.label, fmt_clocks(r.median_a), fmt_clocks(r.median_b),
-            fmt_ratio(r.ratio), fmt_p(r.p), r.verdict)
+            fmt_ratio(r.ratio), fmt_p(r.p), r.verdict, r.missed or "-")
 
 
 def _function_cells(f):
@@ -49,6 +49,9 @@ def _notes(c):
              "Figures are medians of the runs.",
              "A function is slower or faster when its change exceeds %g%% and "
              "p < %g; otherwise it is the same." % (c.threshold * 100, c.alpha)]
+    if any(r.missed for r in c.rows):
+        notes.append("acc: the runs, of both sides, whose figure missed its accuracy "
+                     "target (acc= in the table); such figures are not to be trusted.")
     if not c.tested:
         notes.append("With fewer than 3 runs a side there is no test: the threshold "
                      "alone decides. Repeat the runs (kelvar-compare run) to know.")
@@ -88,18 +91,18 @@ def as_csv(c):
     out = io.StringIO()
     w = csv.writer(out, lineterminator="\n")
     w.writerow(("kind", "function", "parameters", "runs_a", "runs_b", "median_a", "median_b",
-                "ratio", "low", "high", "p", "verdict"))
+                "ratio", "low", "high", "p", "verdict", "missed_accuracy"))
     na, nb = len(c.runs_a), len(c.runs_b)
     num = lambda x: "" if x is None else "%.6g" % x
     for f in c.functions:
         w.writerow(("function", f.function, "", na, nb, "", "", num(f.ratio), num(f.low),
-                    num(f.high), num(f.p), f.verdict))
+                    num(f.high), num(f.p), f.verdict, sum(r.missed for r in f.rows)))
     for r in c.rows:
         w.writerow(("row", r.function, r.label, na, nb, num(r.median_a), num(r.median_b),
-                    num(r.ratio), "", "", num(r.p), r.verdict))
+                    num(r.ratio), "", "", num(r.p), r.verdict, r.missed))
     for o in c.one_sided:
         w.writerow(("only_" + o.side.lower(), o.function, o.label, na, nb, "", "", "", "", "",
-                    "", ""))
+                    "", "", ""))
     return out.getvalue()
 
 

@@ -8,7 +8,7 @@ import numpy as np
 from scipy import stats as sstats
 
 MIN_RUNS_FOR_TEST = 3
-BOOTSTRAP_SAMPLES = 2000
+BOOTSTRAP_SAMPLES = 1000
 BOOTSTRAP_SEED = 17
 
 
