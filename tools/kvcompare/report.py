@@ -6,7 +6,7 @@ import io
 from .textout import aligned, fmt_clocks, fmt_p, fmt_range, fmt_ratio, markdown
 
 ROW_HEADER = ("function", "parameters", "A", "B", "B/A", "p", "verdict", "acc")
-FUNCTION_HEADER = ("function", "rows", "B/A", "range", "p", "verdict")
+FUNCTION_HEADER = ("function", "rows", "B/A", "range", "p", "verdict", "acc")
 FIGURES = ("A", "B", "B/A", "p", "rows", "range", "acc")
 
 
@@ -17,7 +17,7 @@ def _row_cells(r):
 
 def _function_cells(f):
     return (f.function, len(f.rows), fmt_ratio(f.ratio), fmt_range(f.low, f.high),
-            fmt_p(f.p), f.verdict)
+            fmt_p(f.p), f.verdict, sum(r.missed for r in f.rows) or "-")
 
 
 def _one_sided_lines(c):
@@ -115,5 +115,5 @@ def as_markdown(c, show_rows=True):
         parts += ["### Rows on one side only", ""]
         parts += ["- " + line for line in _one_sided_lines(c)]
         parts.append("")
-    parts += _notes(c) + ["", "**Verdict:** " + _counts(c)]
+    parts += ["- " + n for n in _notes(c)] + ["", "**Verdict:** " + _counts(c)]
     return "\n".join(parts) + "\n"
