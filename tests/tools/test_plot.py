@@ -41,6 +41,11 @@ class Plots(unittest.TestCase):
             svg = f.read()
         self.assertIn("<svg", svg)
         self.assertIn("clocks per element", svg)
+        # The results folder of a run of both sides stands for A and B.
+        code, files = self.plot(self.tmp.name, "-o", out, "-f", "MahDist")
+        self.assertEqual(code, 0)
+        with open([f for f in files if f.endswith(".svg")][0]) as f:
+            self.assertIn("B all", f.read(), "a dashed line for side B")
 
     def test_one_side_with_a_grid_and_a_text_parameter(self):
         rows = [row("vdlsSel", size, 1.0 + size / 100.0, parm1=hint)

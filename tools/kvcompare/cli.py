@@ -109,11 +109,19 @@ def build_parser():
     return parser
 
 
+def _run_sides(folder):
+    """The side folders of a results folder of 'run', or None for any other path."""
+    pair = [os.path.join(folder, "A"), os.path.join(folder, "B")]
+    if os.path.isdir(pair[0]) and not os.path.exists(os.path.join(folder, "kelvar.csv")):
+        return pair if os.path.isdir(pair[1]) else pair[:1]
+    return None
+
+
 def _sides(a, b):
     """The two sides to compare; one results folder of 'run' holds both."""
     if b is None:
-        pair = [os.path.join(a, "A"), os.path.join(a, "B")]
-        if all(os.path.isdir(x) for x in pair):
+        pair = _run_sides(a)
+        if pair and len(pair) == 2:
             return pair
         raise TableError("give two sides, A and B, or a results folder of 'run' "
                          "that holds A and B")
@@ -175,9 +183,8 @@ def main(argv=None, out=sys.stdout):
             return _compare(args, out, a, b)
         if args.command == "plot":
             from . import plot
-            sides = [(args.a, load_runs(args.a))]
-            if args.b:
-                sides.append((args.b, load_runs(args.b)))
+            paths = [args.a, args.b] if args.b else (_run_sides(args.a) or [args.a])
+            sides = [(path, load_runs(path)) for path in paths]
             written = plot.plot(sides, args.out, args.function)
             if not written:
                 raise TableError("no function to plot (check -f)")
@@ -185,8 +192,9 @@ def main(argv=None, out=sys.stdout):
             return 0
         if args.command == "summary":
             from . import summary
-            text, _ = summary.summarize(args.a, load_runs(args.a), args.function)
-            out.write(text)
+            for n, path in enumerate(_run_sides(args.a) or [args.a]):
+                text, _ = summary.summarize(path, load_runs(path), args.function)
+                out.write(("\n" if n else "") + text)
             return 0
     except TableError as e:
         sys.stderr.write("kelvar-compare: %s\n" % e)
