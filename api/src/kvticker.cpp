@@ -8,6 +8,7 @@
 #include <sched.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -48,7 +49,8 @@ int LinuxRTClock::INT_PER_SEC = 8192;
 
 LinuxRTClock g_rtc;
 
-// Only root may raise the interrupt rate; everyone else uses clock().
+// Only root may raise the interrupt rate; everyone else uses the system's
+// monotonic wall clock.
 LinuxRTClock::LinuxRTClock() : m_fd(-1), m_running(false) {
     if (isRoot())
         m_fd = open("/dev/rtc", O_RDONLY);
@@ -70,11 +72,16 @@ LinuxRTClock::~LinuxRTClock() {
     }
 }
 
-// With the device, a read blocks until the next interrupt and returns the
-// count of interrupts since the last read in its upper 24 bits.
+// Without the device: microseconds of the monotonic wall clock, which goes
+// on while the process waits for a core (processor time would not), and
+// which no clock adjustment slews. With the device, a read blocks until the
+// next interrupt and returns the count of interrupts since the last read in
+// its upper 24 bits.
 void OSTimer::GetCounter(long long* p) {
     if (g_rtc.m_fd == -1) {
-        *p = clock();
+        timespec now;
+        clock_gettime(CLOCK_MONOTONIC_RAW, &now);
+        *p = (long long)now.tv_sec * 1000000 + now.tv_nsec / 1000;
     } else if (g_rtc.m_running) {
         unsigned data = 0;
         if (read(g_rtc.m_fd, &data, sizeof(data)) == -1)
@@ -95,26 +102,71 @@ double OSTimer::getSec() {
     return ticks / (double)getOSFreq();
 }
 
+namespace {
+
+// The counter read at once after the timer started: retried while a
+// preemption between the two readings shows as more than a few
+// microseconds, so that neither end of the estimate is off by a time slice.
+long long startTogether(OSTimer& timer) {
+    long long t0 = 0;
+    for (int tries = 0; tries < 20; ++tries) {
+        timer.start();
+        t0 = vdl_get_cpu_counter();
+        long long check = 0;
+        timer.GetCounter(&check);
+        if (check - timer.m_startCounter <= 5) break;
+    }
+    return t0;
+}
+
+long long stopTogether(OSTimer& timer) {
+    long long t1 = 0;
+    for (int tries = 0; tries < 20; ++tries) {
+        long long check = 0;
+        timer.GetCounter(&check);
+        t1 = vdl_get_cpu_counter();
+        timer.stop();
+        if (timer.m_stopCounter - check <= 5) break;
+    }
+    return t1;
+}
+
+}  // namespace
+
 int estimateCpuFreqMHz() {
+    return nearestUsualFreqMHz(measureCpuFreqMHz());
+}
+
+// With the clock device the busy wait lasts two seconds of time(); with the
+// exact wall clock a quarter of a second of it gives the same precision.
+int measureCpuFreqMHz() {
     if (!vdl_has_rdtsc())
         return 0;
     kvSetPriority(1);
     OSTimer timer;
-    timer.start();
-    long long t0 = vdl_get_cpu_counter();
-    time_t begin = time(0);
-    while (difftime(time(0), begin) < 2.0) {
+    long long ticks = 0;
+    if (g_rtc.m_fd == -1) {
+        const long long t0 = startTogether(timer);
+        long long now = timer.m_startCounter;
+        while (now - timer.m_startCounter < 250000)
+            timer.GetCounter(&now);
+        ticks = stopTogether(timer) - t0;
+    } else {
+        timer.start();
+        long long t0 = vdl_get_cpu_counter();
+        time_t begin = time(0);
+        while (difftime(time(0), begin) < 2.0) {
+        }
+        ticks = vdl_get_cpu_counter() - t0;
+        timer.stop();
     }
-    long long ticks = vdl_get_cpu_counter() - t0;
-    timer.stop();
     kvResetPriority();
 
     float clocks = (float)(ticks * kvCpuTicker::getClockFactor());
     double usec = timer.getUSec();
     if (usec <= 0.0)
         return 0;
-    int mhz = (int)(clocks / usec + 0.5);
-    return nearestUsualFreqMHz(mhz);
+    return (int)(clocks / usec + 0.5);
 }
 
 int nearestUsualFreqMHz(int mhz) {

@@ -61,8 +61,11 @@ public:
     long long m_osFreq;
 };
 
-// Measures the frequency in MHz over a two-second busy wait; 0 without rdtsc.
+// The frequency in MHz, measured over a busy wait against the wall clock and
+// taken to the nearest usual frequency; 0 without rdtsc.
 int estimateCpuFreqMHz();
+// The same measurement as it came out, before the usual frequencies.
+int measureCpuFreqMHz();
 // The usual frequency nearest to `mhz` when it lies within 3%, else `mhz`.
 int nearestUsualFreqMHz(int mhz);
 

@@ -37,6 +37,18 @@ inline VdlStatus checkStep(int step, int width)
     return step >= width ? vdlStsNoErr : vdlStsStepErr;
 }
 
+// An index or parameter that must lie in [lo, hi].
+inline VdlStatus checkRange(long long value, long long lo, long long hi)
+{
+    return value >= lo && value <= hi ? vdlStsNoErr : vdlStsOutOfRangeErr;
+}
+
+// A hint must be one of the three the header names.
+inline VdlStatus checkHint(int hint)
+{
+    return hint >= vdlAlgHintNone && hint <= vdlAlgHintAccurate ? vdlStsNoErr : vdlStsBadArgErr;
+}
+
 // The first error in argument order; warnings do not stop a call.
 inline VdlStatus firstError(std::initializer_list<VdlStatus> statuses)
 {

@@ -274,9 +274,13 @@ void countingReader(unsigned regs[4], unsigned function, unsigned subfunction) {
 TEST(CacheDetection, DetectedOnceWithAPlausibleSizeHere) {
     int first = 0;
     VdlStatus status = kv_vdlGetMaxCacheSizeB(&first);
-    EXPECT_EQ(0, status);
-    EXPECT_GE(first, 64 * 1024);
-    EXPECT_LE(first, 1024 * 1024 * 1024);
+    // A processor (or a virtual one) may report no cache at all.
+    if (status == 0) {
+        EXPECT_GE(first, 4 * 1024);
+        EXPECT_LE(first, 1024 * 1024 * 1024);
+    } else {
+        EXPECT_EQ(0, first);
+    }
 
     s_cpuidCalls = 0;
     kvCpuidReader previous = kvSetCpuidReader(countingReader);
@@ -368,7 +372,7 @@ TEST(CpuClassification, ThisMachine) {
 
 TEST(CpuTypeTable, LabelsNamesAndValuesOfTheLibrary) {
     const int values[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 16, 17, 32,
-                          33, 34, 35, 36, 37, 38, 64, 65, 66, 67, 68, 69, 70, 71, 96};
+                          33, 34, 35, 36, 37, 38, 64, 65, 66, 67, 68, 69, 70, 71, 72, 96};
     for (int v : values) {
         kvString label = kvCpuType::cpuLabel(v);
         EXPECT_NE(kvString("Undefined"), label) << v;
@@ -401,9 +405,12 @@ TEST(CpuTypeTable, FormatLabelAndOptimizedList) {
     EXPECT_EQ(0u, list.find("Unknown  : non optimized code\nGen5     : optimized for Orvan "));
     EXPECT_TRUE(contains(list, "\nDeepSse2Tandem: optimized for "));
     EXPECT_FALSE(contains(list, "NextAvx"));
+    // The types with a code path of their own say which.
+    EXPECT_TRUE(contains(list, "\nAvx2     : optimized for Processor with AVX2 and FMA (256-bit"));
+    EXPECT_TRUE(contains(list, "\nAvx512   : optimized for Processor with 512-bit vector"));
     size_t lines = 0;
     for (char c : list) lines += c == '\n';
-    EXPECT_EQ(29u, lines);
+    EXPECT_EQ(30u, lines);
 }
 
 // ---------------------------------------------------------------- the report
@@ -542,11 +549,24 @@ TEST(CpuReport, SectionsOfAbsentFunctionsAreLeftOut) {
     EXPECT_EQ(text.size() - strlen(starLine), text.rfind(starLine));
 }
 
+TEST(CpuReport, AnEmptyFirstCacheEntryLeavesTheHeadingAlone) {
+    ModelCpu cpu({vendorLeaf(4, "OtherMakerXY"),
+                  {1, 0, {0x00800F12u, 0x00020800u, 0x7ED8320Bu, 0x178BFBFFu}},
+                  {4, 0, {0, 0, 0, 0}}});
+    std::string text = report(ERR);
+    EXPECT_TRUE(contains(text, "    Deterministic Cache Parameters\n"));
+    EXPECT_FALSE(contains(text, std::string(singleLine)));
+}
+
 TEST(CpuReport, ThisMachine) {
     std::string text = report(ERR);
     EXPECT_EQ(0u, text.find(std::string(79, '*') + "\n"));
     EXPECT_EQ(vdl_is_GenuineOrvan() == 0, contains(text, "    ATTENTION! It is not Genuine"));
     EXPECT_TRUE(contains(text, "    Selected Feature Flags\n\nMMX        1 - "));
-    EXPECT_EQ(CPUID::validFunction(4), contains(text, "\n" + std::string(79, '-') + "\n"));
+    // A cache entry is printed only when function 4 lists one: some
+    // processors answer function 4 with an empty first entry.
+    const bool listsCaches = CPUID::validFunction(4) && CPUID(4, 0).getBits(0, 4, 0) != 0;
+    EXPECT_EQ(listsCaches, contains(text, "\n" + std::string(79, '-') + "\n"));
+    EXPECT_EQ(CPUID::validFunction(4), contains(text, "    Deterministic Cache Parameters\n"));
     EXPECT_TRUE(contains(text, "\n" + std::string(79, '=') + "\n"));
 }

@@ -95,13 +95,12 @@ TEST(OSTimer, ClockPathWithoutDevice) {
     EXPECT_FALSE(g_rtc.m_running);
     OSTimer timer;
     EXPECT_EQ(1000000, timer.getOSFreq());
+    // A wall clock: a sleep counts as much as work.
     timer.start();
-    clock_t until = clock() + CLOCKS_PER_SEC / 20;
-    while (clock() < until) {
-    }
+    usleep(50000);
     timer.stop();
     EXPECT_GE(timer.getSec(), 0.05);
-    EXPECT_LT(timer.getSec(), 1.0);
+    EXPECT_LT(timer.getSec(), 5.0);
 }
 
 // As root the levels really change the process; otherwise nothing may change.

@@ -54,7 +54,7 @@ struct DirectVar {
     static bool valid(const T* v, int n)
     {
         for (int k = 0; k < n; ++k)
-            if (!(v[k] > 0))
+            if (!std::isgreater(v[k], T(0)))  // quiet: a NaN raises no flag
                 return false;
         return true;
     }

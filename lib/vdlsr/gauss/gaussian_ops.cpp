@@ -10,11 +10,13 @@ using namespace vdl;
 
 namespace {
 
+// Quiet comparisons throughout the checks: a NaN argument is refused
+// without raising a floating-point flag.
 template <class T>
 bool allPositive(const T* v, int len)
 {
     for (int k = 0; k < len; ++k)
-        if (!(v[k] > 0))
+        if (!std::isgreater(v[k], T(0)))
             return false;
     return true;
 }
@@ -24,9 +26,8 @@ VdlStatus split(T* pMean1, T* pVar1, T* pMean2, T* pVar2, int len, T val)
 {
     if (VdlStatus s = firstError({checkPtrs({pMean1, pVar1, pMean2, pVar2}), checkLen(len)}))
         return s;
-    for (int k = 0; k < len; ++k)
-        if (!(pVar1[k] >= 0))
-            return vdlStsBadArgErr;
+    if (!allPositive(pVar1, len))
+        return vdlStsBadArgErr;
     for (int k = 0; k < len; ++k) {
         const T mean = pMean1[k];
         const T var = pVar1[k];
@@ -39,22 +40,26 @@ VdlStatus split(T* pMean1, T* pVar1, T* pMean2, T* pVar2, int len, T val)
 }
 
 // Two Gaussians and the shares a, b = 1 - a of the merged one they make.
+// The shares are divided out only once the arguments have passed, so that a
+// refused call raises no floating-point flag.
 template <class T>
 class MergePair {
 public:
     MergePair(const T* mean1, const T* var1, const T* mean2, const T* var2, T w1, T w2)
-        : m_mean1(mean1), m_var1(var1), m_mean2(mean2), m_var2(var2), m_w1(w1), m_w2(w2),
-          m_a(w1 / (w1 + w2)), m_b(w2 / (w1 + w2)) {}
+        : m_mean1(mean1), m_var1(var1), m_mean2(mean2), m_var2(var2), m_w1(w1), m_w2(w2) {}
 
-    VdlStatus check(int len) const
+    VdlStatus check(int len)
     {
         if (VdlStatus s =
                 firstError({checkPtrs({m_mean1, m_var1, m_mean2, m_var2}), checkLen(len)}))
             return s;
-        if (!(m_w1 >= 0) || !(m_w2 >= 0) || !(m_w1 + m_w2 > 0))
+        const bool zeroOrMore = std::isgreaterequal(m_w1, T(0)) && std::isgreaterequal(m_w2, T(0));
+        if (!zeroOrMore || !(m_w1 > 0 || m_w2 > 0))
             return vdlStsBadArgErr;
         if (!allPositive(m_var1, len) || !allPositive(m_var2, len))
             return vdlStsBadArgErr;
+        m_a = m_w1 / (m_w1 + m_w2);
+        m_b = m_w2 / (m_w1 + m_w2);
         return vdlStsNoErr;
     }
 
@@ -71,14 +76,14 @@ private:
     const T* m_var1;
     const T* m_mean2;
     const T* m_var2;
-    T m_w1, m_w2, m_a, m_b;
+    T m_w1, m_w2, m_a = 0, m_b = 0;
 };
 
 template <class T>
 VdlStatus merge(const T* pMean1, const T* pVar1, const T* pMean2, const T* pVar2, T* pMeanDst,
                 T* pVarDst, int len, T* pLogDet, T w1, T w2)
 {
-    const MergePair<T> pair(pMean1, pVar1, pMean2, pVar2, w1, w2);
+    MergePair<T> pair(pMean1, pVar1, pMean2, pVar2, w1, w2);
     if (VdlStatus s = firstError({checkPtrs({pMeanDst, pVarDst, pLogDet}), pair.check(len)}))
         return s;
     T logDet = 0;
@@ -98,7 +103,7 @@ template <class T>
 VdlStatus mergeLoss(const T* pMean1, const T* pVar1, const T* pMean2, const T* pVar2, int len,
                     T* pDst, T w1, T logDet1, T w2, T logDet2)
 {
-    const MergePair<T> pair(pMean1, pVar1, pMean2, pVar2, w1, w2);
+    MergePair<T> pair(pMean1, pVar1, pMean2, pVar2, w1, w2);
     if (VdlStatus s = firstError({checkPtrs({pDst}), pair.check(len)}))
         return s;
     T logDet = 0;

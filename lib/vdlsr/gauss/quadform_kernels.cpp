@@ -1,62 +1,85 @@
 // Quadratic forms of Gaussian scoring, compiled once per code path. The sum
-// runs in `lanes` partial sums that the compiler keeps in vector registers,
-// added pairwise at the end: the float forms therefore sum in another order
-// than a plain loop, within the bound the header states; integer data summed
-// in double are exact in any order.
+// runs in vectors of the path's width: the float forms therefore sum in
+// another order than a plain loop, within the bound the header states;
+// integer data summed in double are exact in any order.
 #include "gauss_quad.h"
+#include "vdlvector.h"
 
 #pragma GCC visibility push(hidden)
 
 namespace vdl::VDL_PATH_NS {
 namespace {
 
-// Term k of a form; the unit kind never reads w, which may be null.
+// Term k of a form, for one element and for a vector of them from k on;
+// the unit kind never reads w, which may be null.
 struct InverseTerm {
     template <class A, class T>
-    static A of(const T* x, const T* m, const T* w, int k)
+    static A one(const T* x, const T* m, const T* w, int k)
     {
         const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
         return d * d * static_cast<A>(w[k]);
+    }
+    template <class A, class T>
+    static Vec<A> many(const T* x, const T* m, const T* w, int k)
+    {
+        const Vec<A> d = load<A>(x + k) - load<A>(m + k);
+        return d * d * load<A>(w + k);
     }
 };
 
 struct UnitTerm {
     template <class A, class T>
-    static A of(const T* x, const T* m, const T*, int k)
+    static A one(const T* x, const T* m, const T*, int k)
     {
         const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
+        return d * d;
+    }
+    template <class A, class T>
+    static Vec<A> many(const T* x, const T* m, const T*, int k)
+    {
+        const Vec<A> d = load<A>(x + k) - load<A>(m + k);
         return d * d;
     }
 };
 
 struct DirectTerm {
     template <class A, class T>
-    static A of(const T* x, const T* m, const T* v, int k)
+    static A one(const T* x, const T* m, const T* v, int k)
     {
         const A d = static_cast<A>(x[k]) - static_cast<A>(m[k]);
         return d * d / static_cast<A>(v[k]);
     }
+    template <class A, class T>
+    static Vec<A> many(const T* x, const T* m, const T* v, int k)
+    {
+        const Vec<A> d = load<A>(x + k) - load<A>(m + k);
+        return d * d / load<A>(v + k);
+    }
 };
 
-// Sixteen partial sums: two or four vector registers wide on the wider
-// paths, so that consecutive additions do not wait on each other.
-constexpr int lanes = 16;
-
+// Two vector sums, so that consecutive additions do not wait on each other,
+// then the elements of the sum, then the last elements one by one.
 template <class Term, class A, class T>
 A quadForm(const T* __restrict x, const T* __restrict m, const T* __restrict w, int n)
 {
-    A part[lanes] = {};
+    constexpr int lanes = lanesOf<A>;
+    Vec<A> sum0 = {}, sum1 = {};
     int k = 0;
-    for (; k + lanes <= n; k += lanes)
-        for (int l = 0; l < lanes; ++l)
-            part[l] += Term::template of<A>(x, m, w, k + l);
-    A tail = 0;
+    for (; k + 2 * lanes <= n; k += 2 * lanes) {
+        sum0 += Term::template many<A>(x, m, w, k);
+        sum1 += Term::template many<A>(x, m, w, k + lanes);
+    }
+    if (k + lanes <= n) {
+        sum0 += Term::template many<A>(x, m, w, k);
+        k += lanes;
+    }
+    sum0 += sum1;
+    A q = 0;
+    for (int l = 0; l < lanes; ++l)
+        q += sum0[l];
     for (; k < n; ++k)
-        tail += Term::template of<A>(x, m, w, k);
-    for (int half = lanes / 2; half > 0; half /= 2)
-        for (int l = 0; l < half; ++l)
-            part[l] += part[l + half];
-    return part[0] + tail;
+        q += Term::template one<A>(x, m, w, k);
+    return q;
 }
 
 template <class Term, class A, class T>

@@ -1,5 +1,7 @@
 // Operations on Gaussians (accumulate, split, merge, merge loss,
 // Bhattacharyya distance) against double models, in float and double.
+#include <fenv.h>
+
 #include <cmath>
 #include <random>
 #include <vector>
@@ -103,13 +105,15 @@ TYPED_TEST(GaussianOps, SplitMovesMeansApartByDeviations)
         this->expectNear(mean2[k], this->mean1[k] - shift);
         EXPECT_EQ(var2[k], this->var1[k]);
     }
-    std::vector<T> var1(this->var1);
-    var1[4] = -1;
     const std::vector<T> before = mean1;
-    EXPECT_EQ(Ops<T>::split(mean1.data(), var1.data(), mean2.data(), var2.data(), this->len,
-                            T(0.2)),
-              vdlStsBadArgErr);
-    EXPECT_EQ(mean1, before);
+    for (T bad : {T(-1), T(0), T(NAN)}) {
+        std::vector<T> var1(this->var1);
+        var1[4] = bad;
+        EXPECT_EQ(Ops<T>::split(mean1.data(), var1.data(), mean2.data(), var2.data(), this->len,
+                                T(0.2)),
+                  vdlStsBadArgErr) << bad;
+        EXPECT_EQ(mean1, before);
+    }
 }
 
 TYPED_TEST(GaussianOps, MergeGivesMomentsOfTheWeightedPairEvenInPlace)
@@ -158,6 +162,30 @@ TYPED_TEST(GaussianOps, MergeRefusesBadWeightsAndVariances)
     EXPECT_EQ(merge(nullptr, T(1), T(1)), vdlStsNullPtrErr);
     EXPECT_EQ(mean, std::vector<T>(this->len, T(7)));
     EXPECT_EQ(logDet, 7);
+}
+
+// A refused call computes nothing: no flag is raised, and with traps on it
+// does not die of one.
+TYPED_TEST(GaussianOps, RefusedCallsLeaveTheFloatingPointFlags)
+{
+    using T = TypeParam;
+    std::vector<T> mean(this->len), var(this->len);
+    T out = 0;
+    const T m1 = this->mean1[0], nan = T(NAN);
+    std::feclearexcept(FE_ALL_EXCEPT);
+    feenableexcept(FE_INVALID | FE_DIVBYZERO);
+    const VdlStatus refused[] = {
+        Ops<T>::merge(&m1, this->var1.data(), &m1, this->var2.data(), mean.data(), var.data(), 1,
+                      &out, T(0), T(0)),
+        Ops<T>::merge(&m1, this->var1.data(), &m1, this->var2.data(), mean.data(), var.data(), 1,
+                      &out, nan, T(1)),
+        Ops<T>::dist(&m1, this->var1.data(), &m1, this->var2.data(), 1, &out, T(-1), T(0), T(2),
+                     T(0)),
+    };
+    fedisableexcept(FE_ALL_EXCEPT);
+    for (VdlStatus s : refused)
+        EXPECT_EQ(s, vdlStsBadArgErr);
+    EXPECT_EQ(std::fetestexcept(FE_ALL_EXCEPT), 0);
 }
 
 TYPED_TEST(GaussianOps, DistIsTheLikelihoodAMergeLoses)

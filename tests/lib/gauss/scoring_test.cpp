@@ -79,11 +79,13 @@ std::vector<double> valuesOf(Kind kind, std::mt19937& rng, int count, double lo,
                                : randomValues<Vdl32f>(rng, count, lo, hi);
 }
 
-Scene makeScene(const Form& form, unsigned seed, int sf)
+Scene makeScene(const Form& form, unsigned seed, int sf, int width = 7, int height = 5)
 {
     std::mt19937 rng(seed);
     Scene s;
     s.sf = sf;
+    s.width = width;
+    s.height = height;
     if (form.shape == Shape::Single)
         s.height = 1;
     const int frameRows = form.shape == Shape::Frames ? s.height : 1;
@@ -561,9 +563,12 @@ class GaussScoring : public ::testing::TestWithParam<Entry> {};
 TEST_P(GaussScoring, MatchesDoubleModel)
 {
     const Form form(GetParam().name);
-    const int scaleFactors[] = {0, 3, -2};
-    for (int run = 0; run < 3; ++run) {
-        const Scene scene = makeScene(form, 100 + run, form.scaled ? scaleFactors[run] : 0);
+    // Widths below, inside and one past the kernels' sixteen lanes (twice);
+    // the last height spans two of the blocks a kernel call takes.
+    const struct { int sf, width, height; } runs[] = {{0, 1, 5}, {3, 7, 5}, {-2, 17, 3}, {1, 33, 70}};
+    for (int run = 0; run < 4; ++run) {
+        const Scene scene = makeScene(form, 100 + run, form.scaled ? runs[run].sf : 0,
+                                      runs[run].width, runs[run].height);
         const Outcome got = GetParam().run(scene, Fault::None);
         ASSERT_EQ(got.status, vdlStsNoErr);
         const Expected want = expect(form, scene);

@@ -1,0 +1,50 @@
+// Vectors of the code path's width for kernel sources (*_kernels.cpp):
+// Vec<A> holds lanesOf<A> elements of A in one register of the path (two
+// halves on the baseline path for 32-byte vectors are never needed: the
+// baseline width is 16 bytes). load<A>(p) reads lanesOf<A> elements of any
+// element type from p, unaligned, and converts them to A.
+#ifndef VDL_COMMON_VECTOR_H
+#define VDL_COMMON_VECTOR_H
+
+#include <cstring>
+#include <type_traits>
+
+#ifndef VDL_VECTOR_BYTES
+#error "vdlvector.h is for kernel sources, which are compiled once per code path"
+#endif
+
+#pragma GCC visibility push(hidden)
+
+namespace vdl {
+
+template <class A>
+struct VecOf {
+    typedef A type __attribute__((vector_size(VDL_VECTOR_BYTES)));
+};
+
+template <class A>
+using Vec = typename VecOf<A>::type;
+
+template <class A>
+constexpr int lanesOf = VDL_VECTOR_BYTES / sizeof(A);
+
+template <class A, class T>
+inline Vec<A> load(const T* p)
+{
+    if constexpr (std::is_same_v<A, T>) {
+        Vec<A> v;
+        std::memcpy(&v, p, sizeof v);
+        return v;
+    } else {
+        typedef T Narrow __attribute__((vector_size(sizeof(T) * lanesOf<A>)));
+        Narrow v;
+        std::memcpy(&v, p, sizeof v);
+        return __builtin_convertvector(v, Vec<A>);
+    }
+}
+
+} // namespace vdl
+
+#pragma GCC visibility pop
+
+#endif
