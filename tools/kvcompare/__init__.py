@@ -1,0 +1,1 @@
+"""Reading, comparing, summarising and plotting the tables of kelvar runs."""
