@@ -21,7 +21,12 @@ struct RowRef {
     std::ptrdiff_t step = 0;
     const T* const* table = nullptr;
 
-    const T* row(int i) const { return table ? table[i] : base + i * step; }
+    // Always inlined: kernels of every code path call it, and an out-of-line
+    // copy would be one path's code shared by all.
+    [[gnu::always_inline]] const T* row(int i) const
+    {
+        return table ? table[i] : base + i * step;
+    }
 };
 
 // _D2: rows of one buffer, `step` elements apart.

@@ -1,13 +1,14 @@
 // Vectors of the code path's width for kernel sources (*_kernels.cpp):
-// Vec<A> holds lanesOf<A> elements of A in one register of the path (two
-// halves on the baseline path for 32-byte vectors are never needed: the
-// baseline width is 16 bytes). load<A>(p) reads lanesOf<A> elements of any
-// element type from p, unaligned, and converts them to A.
+// Vec<A> holds lanesOf<A> elements of A in one register of the path;
+// load<A>(p) reads lanesOf<A> elements of any element type from p,
+// unaligned, and converts them to A.
 #ifndef VDL_COMMON_VECTOR_H
 #define VDL_COMMON_VECTOR_H
 
 #include <cstring>
 #include <type_traits>
+
+#include "vdlpaths.h"
 
 #ifndef VDL_VECTOR_BYTES
 #error "vdlvector.h is for kernel sources, which are compiled once per code path"
@@ -15,7 +16,10 @@
 
 #pragma GCC visibility push(hidden)
 
-namespace vdl {
+// In the path's own namespace: the vector types differ from path to path
+// while a template's name would not, and unless they are inlined the linker
+// would keep one path's copy for all.
+namespace vdl::VDL_PATH_NS {
 
 template <class A>
 struct VecOf {
@@ -43,7 +47,7 @@ inline Vec<A> load(const T* p)
     }
 }
 
-} // namespace vdl
+} // namespace vdl::VDL_PATH_NS
 
 #pragma GCC visibility pop
 

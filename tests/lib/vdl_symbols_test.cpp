@@ -24,11 +24,11 @@ struct Library {
 };
 
 const Library libraries[] = {
-    {"libvdlcore.so",
+    {"libvdlcore.so.1",
      {"vdlGetCpuType", "vdlGetNumCoresOnDie", "vdlGetMaxCacheSizeB", "vdlGetStatusString",
       "vdlInit", "vdlInitCpu", "vdlSetNumThreads", "vdlGetEnabledCpuType", "vdlGetNumThreads"}},
-    {"libvdls.so", {"vdlsGetLibVersion", "vdlsMalloc_8u", "vdlsFree"}},
-    {"libvdlsr.so", {"vdlsrGetLibVersion"}},
+    {"libvdls.so.1", {"vdlsGetLibVersion", "vdlsMalloc_8u", "vdlsFree"}},
+    {"libvdlsr.so.1", {"vdlsrGetLibVersion"}},
 };
 
 // Names of the symbols a shared object defines and exports, from its
