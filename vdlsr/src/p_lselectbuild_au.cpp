@@ -33,21 +33,12 @@ public:
     }
     bool canContinue() override {
         if (!stepOdometer({&num, &clust, &shift, &height})) return false;
-        int indices = 0, limit = 0;
-        if (m_build) {
-            indices = m_var ? 0 : num * frames;
-            limit = clust - 1;
-            if (m_var && !drawCounts(frames)) return false;
-        } else if (m_row) {
-            indices = num * clust;
-            limit = height - 1;
-            if (m_var && !drawCounts(clust)) return false;
-        } else {
-            indices = num * height;
-            limit = clust - 1;
-            if (m_var && !drawCounts(height)) return false;
-        }
-        if (m_var) indices = len_pIndx;
+        // The index lists come in groups: by frame, by cluster (Row) or by
+        // component (Column); `num` a group, or the drawn counts of Var_.
+        const int groups = m_build ? frames : m_column ? height : clust;
+        const int limit = m_row ? height - 1 : clust - 1;
+        if (m_var && !drawCounts(groups)) return false;
+        const int indices = m_var ? len_pIndx : num * groups;
         return pIndx.createVector(indices, SET_RANDOM, 0.0, limit) &&
                pSign.createVector(frames * ((height + 7) / 8), SET_ZERO, 0, 0) &&
                mShortlist.createMatrice(clust, width, SET_ZERO, 0, 0);
