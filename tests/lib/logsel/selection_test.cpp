@@ -3,6 +3,7 @@
 // components and, with every component marked, the full mixture score.
 #include <cmath>
 #include <functional>
+#include <ostream>
 #include <random>
 #include <string>
 #include <vector>
@@ -213,6 +214,9 @@ struct SelectForm {
     bool idVar, scaled;
     SelectFn call;
 };
+
+// Test names show the form, not the bytes of the entry.
+void PrintTo(const SelectForm& form, std::ostream* os) { *os << form.name; }
 
 const Vdl32f* pf(const std::vector<Vdl32f>& v) { return v.data(); }
 
