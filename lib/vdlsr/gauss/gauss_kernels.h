@@ -60,13 +60,16 @@ struct DirectVar {
     }
 };
 
-// log(exp(a) + exp(b)) without leaving the range of F.
+// log(exp(a) + exp(b)) without leaving the range of F. Past a gap where
+// exp would underflow, the smaller term adds nothing the result can hold
+// but an underflow flag, so it is left out.
 template <class F>
 F logAdd(F a, F b)
 {
     const F hi = a > b ? a : b;
     const F lo = a > b ? b : a;
-    if (lo == -std::numeric_limits<F>::infinity())
+    const F negligible = sizeof(F) == sizeof(float) ? F(80) : F(700);
+    if (lo == -std::numeric_limits<F>::infinity() || lo - hi < -negligible)
         return hi;
     return hi + std::log1p(std::exp(lo - hi));
 }
