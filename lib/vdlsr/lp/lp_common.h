@@ -1,0 +1,69 @@
+// What the entry points of the family share: sources read into double
+// (fixed-point sources by their shift), results written by the library's
+// one rounding rule, and the floating-point flags kept across a refusal
+// that is found only while computing.
+#ifndef VDL_LP_COMMON_H
+#define VDL_LP_COMMON_H
+
+#include <cfenv>
+#include <cmath>
+#include <vector>
+
+#include "vdlargcheck.h"
+#include "vdlround.h"
+
+#pragma GCC visibility push(hidden)
+
+namespace vdl {
+
+// Element i of src as a double, an integer v standing for v * 2^-shift.
+template <class T>
+std::vector<double> loadFixed(const T* src, int n, int shift)
+{
+    std::vector<double> v(static_cast<size_t>(n));
+    for (int i = 0; i < n; ++i)
+        v[i] = std::ldexp(static_cast<double>(src[i]), -shift);
+    return v;
+}
+
+// Floats as they are; integers as their own values.
+template <class T>
+std::vector<double> load(const T* src, int n)
+{
+    return loadFixed(src, n, 0);
+}
+
+// dst[i] = v[i] * 2^-scaleFactor as a result element (floats take 0).
+template <class D>
+void store(const double* v, int n, D* dst, int scaleFactor)
+{
+    for (int i = 0; i < n; ++i)
+        dst[i] = scaled<D>(v[i], scaleFactor);
+}
+
+template <class D>
+void store(const std::vector<double>& v, D* dst, int scaleFactor)
+{
+    store(v.data(), static_cast<int>(v.size()), dst, scaleFactor);
+}
+
+// Saves the floating-point exception flags; restore() puts them back, for
+// a call that refuses its input after having computed with it.
+class FlagKeeper {
+public:
+    FlagKeeper() { std::fegetexceptflag(&m_flags, FE_ALL_EXCEPT); }
+    VdlStatus refuse(VdlStatus status) const
+    {
+        std::fesetexceptflag(&m_flags, FE_ALL_EXCEPT);
+        return status;
+    }
+
+private:
+    std::fexcept_t m_flags;
+};
+
+} // namespace vdl
+
+#pragma GCC visibility pop
+
+#endif

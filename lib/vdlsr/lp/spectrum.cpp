@@ -1,0 +1,64 @@
+// Power spectrum of an all-pole model on a grid of 2^(order+1) points, by
+// one FFT of the inverse filter.
+#include <cfloat>
+
+#include "lp_common.h"
+#include "lp_kernels.h"
+#include "vdlsr.h"
+
+using namespace vdl;
+
+namespace {
+
+constexpr int q12 = 12;
+
+// The largest result where A has a zero on the grid.
+template <class D>
+D saturatedSpectrum()
+{
+    return toResult<D>(static_cast<double>(FLT_MAX));
+}
+
+template <class T, class D>
+VdlStatus lpToSpectrum(const T* pSrc, int len, D* pDst, int order, double val, int srcShift,
+                       int scaleFactor)
+{
+    if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len), checkRange(order, 1, 16)}))
+        return s;
+    const int n = 1 << (order + 1);
+    std::vector<double> re(static_cast<size_t>(n)), im(static_cast<size_t>(n));
+    // A(z) = 1 - sum a[k] z^-k; lags beyond the grid fold onto it.
+    re[0] = 1;
+    for (int k = 1; k <= len; ++k)
+        re[k & (n - 1)] -= std::ldexp(static_cast<double>(pSrc[k - 1]), -srcShift);
+    lpKernels().fft(re.data(), im.data(), order + 1);
+    const double factor = val * scaleOf(scaleFactor);
+    VdlStatus status = vdlStsNoErr;
+    for (int m = 0; m < n; ++m) {
+        const double power = re[m] * re[m] + im[m] * im[m];
+        if (power > 0) {
+            pDst[m] = toResult<D>(factor / power);
+        } else {
+            pDst[m] = saturatedSpectrum<D>();
+            status = vdlStsDivByZeroWrn;
+        }
+    }
+    return status;
+}
+
+} // namespace
+
+extern "C" {
+
+VdlStatus vdlsLPToSpectrum_32f(const Vdl32f* pSrc, int len, Vdl32f* pDst, int order, Vdl32f val)
+{
+    return lpToSpectrum(pSrc, len, pDst, order, val, 0, 0);
+}
+
+VdlStatus vdlsLPToSpectrum_16s_Sfs(const Vdl16s* pSrc, int len, Vdl16s* pDst, int order, int val,
+                                   int scaleFactor)
+{
+    return lpToSpectrum(pSrc, len, pDst, order, val, q12, scaleFactor);
+}
+
+} // extern "C"
