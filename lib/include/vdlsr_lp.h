@@ -126,7 +126,9 @@ VdlStatus vdlsReflectionToAbsTilt_16s_Sfs(const Vdl16s* pSrc1, const Vdl16s* pSr
 
 /* Linear prediction of order lenDst from lenSrc samples, autocorrelation
  * method: r[k] = sum over n of x[n] x[n+k] (the signal taken as 0 outside),
- * then Levinson-Durbin; a[1..lenDst] in pDst. lenSrc > lenDst. */
+ * then Levinson-Durbin; a[1..lenDst] in pDst. lenSrc > lenDst. The sums of
+ * both methods run in double in four partial sums, exact for 16-bit
+ * samples; float samples may differ between code paths in the last bits. */
 VdlStatus vdlsLinearPrediction_Auto_32f(const Vdl32f* pSrc, int lenSrc, Vdl32f* pDst, int lenDst);
 /* As above on 16-bit samples (lags exact); a times 2^-scaleFactor. */
 VdlStatus vdlsLinearPrediction_Auto_16s_Sfs(const Vdl16s* pSrc, int lenSrc, Vdl16s* pDst,
@@ -163,10 +165,11 @@ VdlStatus vdlsLinearPredictionNeg_Auto_16s_Sfs(const Vdl16s* pSrc, int lenSrc, V
  * (-1)^k h[k] over len input samples and keeps every second output:
  * pDstL[n] = sum over k of h[k] pSrc[2n + k], pDstH[n] = sum over k of
  * (-1)^k h[k] pSrc[2n + k], n < len / 2; len even, pSrc holds
- * len + tabsLen - 2 samples. Float sums run in float in partial sums whose
- * order depends on the code path, with a relative error up to
- * (taps + 1) * 6e-8 of the sum of |products|; 16-bit sums are exact, then
- * times 2^-scaleFactor.
+ * len + tabsLen - 2 samples (the split sums the even and the odd taps
+ * apart, then adds and subtracts them). Float sums run in float; the wider
+ * code paths fuse multiplies with adds, so results of two paths may differ
+ * within (taps + 1) * 6e-8 of the sum of |products|. 16-bit sums are exact,
+ * then times 2^-scaleFactor.
  */
 
 /* The 17 taps of the gains in pSrc[0..9]. */

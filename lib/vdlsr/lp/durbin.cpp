@@ -15,12 +15,12 @@ VdlStatus fromLags(Recursion recursion, const T* pSrc, T* pDst, int len, E* pErr
     if (VdlStatus s = firstError({checkPtrs({pSrc, pDst, pErr}), checkLen(len)}))
         return s;
     FlagKeeper flags;
-    const std::vector<double> r = load(pSrc, len + 1);
-    std::vector<double> out(static_cast<size_t>(len));
+    Scratch r(len + 1), out(len);
+    loadInto(pSrc, len + 1, 0, r.data());
     double err = 0;
     if (!recursion(r.data(), len, out.data(), &err))
-        return flags.refuse(vdlStsBadArgErr);
-    store(out, pDst, scaleFactor);
+        return flags.restore(vdlStsBadArgErr);
+    store(out.data(), len, pDst, scaleFactor);
     *pErr = scaled<E>(err, scaleFactor);
     return vdlStsNoErr;
 }

@@ -19,8 +19,13 @@ struct LpKernels {
     void (*fir32f)(const Vdl32f* src, int step, const Vdl32f* h, int taps, float* out, int count);
     void (*fir16s)(const Vdl16s* src, int step, const Vdl16s* h, int taps, long long* out,
                    int count);
-    // In-place forward FFT of n = 2^log2n complex values, exp(-j 2 pi m k / n).
+    // In-place forward FFT of n = 2^log2n complex values, exp(-j 2 pi m k / n):
+    // value k goes in at place bitReversed(k, log2n), the result comes out in
+    // natural order.
     void (*fft)(double* re, double* im, int log2n);
+    // re[m] = gain / (re[m]^2 + im[m]^2), m < n; true when a power is 0
+    // (its result is then inf or nan).
+    bool (*inversePowers)(double* re, const double* im, int n, double gain);
 
     double dot(const Vdl32f* a, const Vdl32f* b, int n) const { return dot32f(a, b, n); }
     double dot(const Vdl16s* a, const Vdl16s* b, int n) const { return dot16s(a, b, n); }
@@ -35,6 +40,17 @@ struct LpKernels {
 };
 
 VDL_DISPATCH(LpKernels, lpKernels)
+
+// k with its low `bits` bits in reverse order, without branches.
+inline unsigned bitReversed(unsigned k, int bits)
+{
+    k = ((k >> 1) & 0x55555555u) | ((k & 0x55555555u) << 1);
+    k = ((k >> 2) & 0x33333333u) | ((k & 0x33333333u) << 2);
+    k = ((k >> 4) & 0x0F0F0F0Fu) | ((k & 0x0F0F0F0Fu) << 4);
+    k = ((k >> 8) & 0x00FF00FFu) | ((k & 0x00FF00FFu) << 8);
+    k = (k >> 16) | (k << 16);
+    return k >> (32 - bits);
+}
 
 } // namespace vdl
 

@@ -5,7 +5,8 @@
 #define VDL_LP_RECURSION_H
 
 #include <cmath>
-#include <vector>
+
+#include "lp_common.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -51,7 +52,9 @@ inline bool schur(const double* r, int p, double* k, double* err)
 {
     if (!(r[0] > 0))
         return false;
-    std::vector<double> u(r, r + p + 1), v(r, r + p + 1);
+    Scratch u(p + 1), v(p + 1);
+    for (int j = 0; j <= p; ++j)
+        u[j] = v[j] = r[j];
     for (int m = 1; m <= p; ++m) {
         const double km = u[m] / v[m - 1];
         if (!(std::fabs(km) < 1))

@@ -33,7 +33,7 @@ VdlStatus byAutocorrelation(const T* pSrc, int lenSrc, T* pDst, int lenDst, int 
     std::vector<double> a(static_cast<size_t>(lenDst));
     double err = 0;
     if (!levinsonDurbin(r.data(), lenDst, a.data(), &err))
-        return flags.refuse(vdlStsBadArgErr);
+        return flags.restore(vdlStsBadArgErr);
     for (double& x : a)
         x *= sign;
     store(a, pDst, scaleFactor);

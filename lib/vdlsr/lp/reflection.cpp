@@ -14,11 +14,11 @@ VdlStatus lpToReflection(const T* pSrc, T* pDst, int len, int scaleFactor)
     if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
         return s;
     FlagKeeper flags;
-    std::vector<double> a = loadFixed(pSrc, len, -scaleFactor);
-    std::vector<double> k(static_cast<size_t>(len));
+    Scratch a(len), k(len);
+    loadInto(pSrc, len, -scaleFactor, a.data());
     if (!stepDown(a.data(), len, k.data()))
-        return flags.refuse(vdlStsBadArgErr);
-    store(k, pDst, scaleFactor);
+        return flags.restore(vdlStsBadArgErr);
+    store(k.data(), len, pDst, scaleFactor);
     return vdlStsNoErr;
 }
 
@@ -27,10 +27,10 @@ VdlStatus reflectionToLp(const T* pSrc, T* pDst, int len, int scaleFactor)
 {
     if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
         return s;
-    const std::vector<double> k = loadFixed(pSrc, len, -scaleFactor);
-    std::vector<double> a(static_cast<size_t>(len));
+    Scratch k(len), a(len);
+    loadInto(pSrc, len, -scaleFactor, k.data());
     stepUp(k.data(), len, a.data());
-    store(a, pDst, scaleFactor);
+    store(a.data(), len, pDst, scaleFactor);
     return vdlStsNoErr;
 }
 
@@ -74,7 +74,7 @@ VdlStatus tube(const T* pSrc, int srcShift, T* pDst, int len, int scaleFactor, d
     if (limit == 0)
         for (double x : k)
             if (!(std::fabs(x) < 1))
-                return flags.refuse(vdlStsBadArgErr);
+                return flags.restore(vdlStsBadArgErr);
     std::vector<double> out(static_cast<size_t>(len));
     Shape::make(k, out, limit);
     store(out, pDst, scaleFactor);

@@ -27,23 +27,27 @@ VdlStatus lpToSpectrum(const T* pSrc, int len, D* pDst, int order, double val, i
         return s;
     const int n = 1 << (order + 1);
     std::vector<double> re(static_cast<size_t>(n)), im(static_cast<size_t>(n));
-    // A(z) = 1 - sum a[k] z^-k; lags beyond the grid fold onto it.
+    // A(z) = 1 - sum a[k] z^-k, laid out as the FFT takes it; lags beyond
+    // the grid fold onto it.
+    const int bits = order + 1;
     re[0] = 1;
+    const double unit = scaleOf(srcShift);
     for (int k = 1; k <= len; ++k)
-        re[k & (n - 1)] -= std::ldexp(static_cast<double>(pSrc[k - 1]), -srcShift);
-    lpKernels().fft(re.data(), im.data(), order + 1);
-    const double factor = val * scaleOf(scaleFactor);
-    VdlStatus status = vdlStsNoErr;
-    for (int m = 0; m < n; ++m) {
-        const double power = re[m] * re[m] + im[m] * im[m];
-        if (power > 0) {
-            pDst[m] = toResult<D>(factor / power);
-        } else {
+        re[bitReversed(static_cast<unsigned>(k) & (n - 1), bits)] -=
+            static_cast<double>(pSrc[k - 1]) * unit;
+    // A zero power is told by the status, not by the division's flag.
+    FlagKeeper flags;
+    const LpKernels& kernels = lpKernels();
+    kernels.fft(re.data(), im.data(), bits);
+    const bool zero = kernels.inversePowers(re.data(), im.data(), n, val * scaleOf(scaleFactor));
+    for (int m = 0; m < n; ++m)
+        pDst[m] = toResult<D>(re[m]);
+    if (!zero)
+        return vdlStsNoErr;
+    for (int m = 0; m < n; ++m)
+        if (!(std::fabs(re[m]) <= DBL_MAX))
             pDst[m] = saturatedSpectrum<D>();
-            status = vdlStsDivByZeroWrn;
-        }
-    }
-    return status;
+    return flags.restore(vdlStsDivByZeroWrn);
 }
 
 } // namespace
