@@ -20,8 +20,8 @@ struct LpKernels {
     void (*fir16s)(const Vdl16s* src, int step, const Vdl16s* h, int taps, long long* out,
                    int count);
     // In-place forward FFT of n = 2^log2n complex values, exp(-j 2 pi m k / n):
-    // value k goes in at place bitReversed(k, log2n), the result comes out in
-    // natural order.
+    // value k goes in at place k with its log2n low bits reversed, the
+    // result comes out in natural order.
     void (*fft)(double* re, double* im, int log2n);
     // re[m] = gain / (re[m]^2 + im[m]^2), m < n; true when a power is 0
     // (its result is then inf or nan).
@@ -40,17 +40,6 @@ struct LpKernels {
 };
 
 VDL_DISPATCH(LpKernels, lpKernels)
-
-// k with its low `bits` bits in reverse order, without branches.
-inline unsigned bitReversed(unsigned k, int bits)
-{
-    k = ((k >> 1) & 0x55555555u) | ((k & 0x55555555u) << 1);
-    k = ((k >> 2) & 0x33333333u) | ((k & 0x33333333u) << 2);
-    k = ((k >> 4) & 0x0F0F0F0Fu) | ((k & 0x0F0F0F0Fu) << 4);
-    k = ((k >> 8) & 0x00FF00FFu) | ((k & 0x00FF00FFu) << 8);
-    k = (k >> 16) | (k << 16);
-    return k >> (32 - bits);
-}
 
 } // namespace vdl
 

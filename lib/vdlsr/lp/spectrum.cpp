@@ -12,6 +12,17 @@ namespace {
 
 constexpr int q12 = 12;
 
+// k with its low `bits` bits in reverse order, without branches.
+unsigned bitReversed(unsigned k, int bits)
+{
+    k = ((k >> 1) & 0x55555555u) | ((k & 0x55555555u) << 1);
+    k = ((k >> 2) & 0x33333333u) | ((k & 0x33333333u) << 2);
+    k = ((k >> 4) & 0x0F0F0F0Fu) | ((k & 0x0F0F0F0Fu) << 4);
+    k = ((k >> 8) & 0x00FF00FFu) | ((k & 0x00FF00FFu) << 8);
+    k = (k >> 16) | (k << 16);
+    return k >> (32 - bits);
+}
+
 // The largest result where A has a zero on the grid.
 template <class D>
 D saturatedSpectrum()
