@@ -1,0 +1,91 @@
+// What the entry points of the family share: sources read into double
+// (fixed-point sources by their shift), results written by the library's
+// one rounding rule, and the floating-point flags kept across a refusal
+// that is found only while computing.
+#ifndef VDL_LP_COMMON_H
+#define VDL_LP_COMMON_H
+
+#include <cfenv>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+#include "vdlargcheck.h"
+#include "vdlround.h"
+
+#pragma GCC visibility push(hidden)
+
+namespace vdl {
+
+// Work space of n doubles, on the stack for the short vectors that most
+// calls take, so that they pay for no allocation. Not initialised.
+class Scratch {
+public:
+    explicit Scratch(int n)
+        : m_heap(n > inlineSize ? new double[static_cast<size_t>(n)] : nullptr),
+          m_data(m_heap ? m_heap.get() : m_inline) {}
+    Scratch(const Scratch&) = delete;
+    Scratch& operator=(const Scratch&) = delete;
+    double* data() { return m_data; }
+    double& operator[](int i) { return m_data[i]; }
+
+private:
+    static constexpr int inlineSize = 72;
+    std::unique_ptr<double[]> m_heap;
+    double m_inline[inlineSize];
+    double* m_data;
+};
+
+// dst[i] = src[i] as a double, an integer v standing for v * 2^-shift.
+template <class T>
+void loadInto(const T* src, int n, int shift, double* dst)
+{
+    const double factor = scaleOf(shift);
+    for (int i = 0; i < n; ++i)
+        dst[i] = static_cast<double>(src[i]) * factor;
+}
+
+template <class T>
+std::vector<double> loadFixed(const T* src, int n, int shift)
+{
+    std::vector<double> v(static_cast<size_t>(n));
+    loadInto(src, n, shift, v.data());
+    return v;
+}
+
+// dst[i] = v[i] * 2^-scaleFactor as a result element (floats take 0): the
+// library's one rule, with the factor taken once.
+template <class D>
+void store(const double* v, int n, D* dst, int scaleFactor)
+{
+    const double factor = scaleOf(scaleFactor);
+    for (int i = 0; i < n; ++i)
+        dst[i] = toResult<D>(v[i] * factor);
+}
+
+template <class D>
+void store(const std::vector<double>& v, D* dst, int scaleFactor)
+{
+    store(v.data(), static_cast<int>(v.size()), dst, scaleFactor);
+}
+
+// Saves the floating-point exception flags; restore() puts them back, for
+// a call that refuses its input after having computed with it.
+class FlagKeeper {
+public:
+    FlagKeeper() { std::fegetexceptflag(&m_flags, FE_ALL_EXCEPT); }
+    VdlStatus restore(VdlStatus status) const
+    {
+        std::fesetexceptflag(&m_flags, FE_ALL_EXCEPT);
+        return status;
+    }
+
+private:
+    std::fexcept_t m_flags;
+};
+
+} // namespace vdl
+
+#pragma GCC visibility pop
+
+#endif

@@ -1,0 +1,21 @@
+// Levinson-Durbin recursion: predictor coefficients and prediction error
+// from autocorrelation lags.
+#include "dllp.h"
+
+DL_MODULE_VDLS("vdlsr/src/p_durb_au");
+
+static dlVector src, dst, src_float, tmp;
+static kvStepIterator<int> len;
+static dlScaleIterator scaleFactor;
+static dlLpError pErr;
+
+class TimLDurb : public dlLagsTest {
+public:
+    TimLDurb(funcCall call, funcInit init, funcLoop loop, funcStat stat, kvString name,
+             kvString file, kvString info)
+        : dlLagsTest(call, init, loop, stat, name, file, info,
+                     {src, dst, src_float, tmp, len, scaleFactor}, 2) {}
+};
+
+DL_REG(TimLDurb, vdlsDurbin_32f, (src, dst, len, &pErr.f));
+DL_REG(TimLDurb, vdlsDurbin_16s_Sfs, (src, dst, len, &pErr.s, scaleFactor.value()));
