@@ -319,7 +319,8 @@ VdlStatus vdlsBlindEqualization_Aurora_16s(const Vdl16s* pSrc, Vdl16s* pDst, Vdl
                                            int len, int weight);
 /* SNR-dependent waveform processing of one frame of 200 samples: Teager
  * energy |x[n]^2 - x[n-1] x[n+1]| smoothed over 9 samples, peaks where it is
- * the largest within 12 samples and positive; from each peak the first 80%
+ * positive and the largest within 12 samples (the first of equal ones);
+ * from each peak the first 80%
  * of the interval to the next one (the last interval repeats the one before,
  * or runs to the frame's end) is weighted by 1.2, all else by 0.8; a frame
  * with no peak is copied. Double inside. */
