@@ -79,10 +79,12 @@ VdlStatus checkSpec(const BankSpec& b)
 {
     if (VdlStatus s = checkShape(b.frameLen, b.nFilter, b.scale.mode))
         return s;
-    const bool ok = b.sampFreq > 0 && b.lowFreq >= 0 && b.lowFreq < b.highFreq &&
-                    b.highFreq <= b.sampFreq / 2 && b.scale.mul > 0 && b.scale.div > 0 &&
-                    std::isfinite(b.sampFreq) && std::isfinite(b.scale.mul) &&
-                    std::isfinite(b.scale.div);
+    // Finite first: a comparison with NaN would raise the invalid flag.
+    const bool ok = std::isfinite(b.sampFreq) && std::isfinite(b.lowFreq) &&
+                    std::isfinite(b.highFreq) && std::isfinite(b.scale.mul) &&
+                    std::isfinite(b.scale.div) && b.sampFreq > 0 && b.lowFreq >= 0 &&
+                    b.lowFreq < b.highFreq && b.highFreq <= b.sampFreq / 2 && b.scale.mul > 0 &&
+                    b.scale.div > 0;
     return ok ? vdlStsNoErr : vdlStsBadArgErr;
 }
 

@@ -12,7 +12,7 @@ namespace {
 VdlStatus checkMel(const void* pSrc, const void* pDst, int len, Vdl32f melMul, Vdl32f melDiv)
 {
     return firstError({checkPtrs({pSrc, pDst}), checkLen(len),
-                       melMul > 0 && melDiv > 0 && std::isfinite(melMul) && std::isfinite(melDiv)
+                       std::isfinite(melMul) && std::isfinite(melDiv) && melMul > 0 && melDiv > 0
                            ? vdlStsNoErr
                            : vdlStsBadArgErr});
 }

@@ -19,7 +19,8 @@ VdlStatus normEnergy(T* p, int step, int height, double silFloor, double decay, 
 {
     if (VdlStatus s = firstError({checkPtrs({p}), checkSize(step, height)}))
         return s;
-    if (!(silFloor >= 0) || !(decay >= 0) || !std::isfinite(enScale))
+    if (!std::isfinite(silFloor) || !std::isfinite(decay) || !std::isfinite(enScale) ||
+        silFloor < 0 || decay < 0)
         return vdlStsBadArgErr;
     auto energy = [p, step](int i) -> T& { return p[static_cast<long long>(i) * step]; };
     double top = energy(0);
@@ -46,8 +47,10 @@ VdlStatus normalizeInRange(const S* pSrc, D* pDst, int len, bool given, double s
 {
     if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
         return s;
-    if (!(r.low >= 0 && r.low < r.high && r.high <= 1) || !std::isfinite(r.range) ||
-        (given && !(srcMin < srcMax)))
+    // Finite first: a comparison with NaN would raise the invalid flag.
+    if (!std::isfinite(r.low) || !std::isfinite(r.high) || !std::isfinite(r.range) ||
+        !std::isfinite(srcMin) || !std::isfinite(srcMax) ||
+        !(r.low >= 0 && r.low < r.high && r.high <= 1) || (given && !(srcMin < srcMax)))
         return vdlStsBadArgErr;
     if (!given) {
         srcMin = srcMax = pSrc[0];

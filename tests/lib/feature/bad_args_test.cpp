@@ -1,5 +1,7 @@
 // Every family function refuses a bad argument with its status before it
 // writes anything.
+#include <cfenv>
+#include <cmath>
 #include <functional>
 #include <vector>
 
@@ -84,6 +86,25 @@ TEST(FeatureArguments, BadOnesAreRefusedAndNothingIsWritten)
     EXPECT_EQ(7.0f, last32);
     EXPECT_EQ(nullptr, lifter);
     EXPECT_EQ(nullptr, bank);
+}
+
+// Values outside their domain, NaN among them, are refused before any
+// arithmetic that could raise a floating-point flag.
+TEST(FeatureArguments, RefusedValuesLeaveTheFloatingPointFlags)
+{
+    const float nan = std::nanf("");
+    std::vector<Vdl32f> f(8, 1), fo(8);
+    std::vector<Vdl16s> s(8, 1);
+    VdlFBankState_32f* bank = nullptr;
+    int fftLen = 0;
+    std::feclearexcept(FE_ALL_EXCEPT);
+    EXPECT_EQ(vdlStsBadArgErr, vdlsNormalizeInRange_32f(f.data(), fo.data(), 8, nan, 0.8f, 1));
+    EXPECT_EQ(vdlStsBadArgErr, vdlsNormEnergy_RT_32f(fo.data(), 1, 8, nan, 1, 1));
+    EXPECT_EQ(vdlStsBadArgErr, vdlsLinearToMel_32f(f.data(), fo.data(), 8, nan, 700));
+    EXPECT_EQ(vdlStsBadArgErr,
+              vdlsMelFBankInitAlloc_32f(&bank, &fftLen, 256, nan, 0, 4000, 8, 1127, 700, 1));
+    EXPECT_EQ(vdlStsBadArgErr, vdlsCompensateOffset_32f_I(fo.data(), 8, &f[0], 0, nan));
+    EXPECT_EQ(0, std::fetestexcept(FE_ALL_EXCEPT));
 }
 
 } // namespace
