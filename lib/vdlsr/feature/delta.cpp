@@ -16,7 +16,7 @@ VdlStatus copyColumn(const T* pSrc, int width, T* pDst, int dstStep, int height)
                                   checkStep(dstStep, width)}))
         return s;
     writeStatics(Frames<T>{pSrc, width}, height, width, pDst, dstStep, 0,
-                 static_cast<const T*>(nullptr), 0);
+                 static_cast<const T*>(nullptr), 1.0);
     return vdlStsNoErr;
 }
 

@@ -26,14 +26,15 @@ struct Frames {
     const T* row(int t) const { return base + static_cast<long long>(t) * step; }
 };
 
-// A computed coefficient as a result: floats as they are, integers scaled.
+// A computed coefficient as a result: floats as they are, integers times
+// `scale` (2^-scaleFactor, from scaleOf once per call), rounded and saturated.
 template <class T>
-T coefficient(double v, int scaleFactor)
+T coefficient(double v, double scale)
 {
     if constexpr (std::is_same_v<T, Vdl32f>)
         return static_cast<T>(v);
     else
-        return scaled<T>(v, scaleFactor);
+        return toResult<T>(v * scale);
 }
 
 // Windows and the rows whose dynamics a call writes.
@@ -96,7 +97,7 @@ struct DynamicsWriter {
     int dstCol;
     const M* mul;   // null: every multiplier 1
     double c1, c2;  // factors of every delta and double delta
-    int scaleFactor;
+    double scale;   // 2^-scaleFactor
 
     template <class A>
     void operator()(int t, int col0, int n, const A* d1, const A* d2) const
@@ -105,10 +106,10 @@ struct DynamicsWriter {
         for (int c = 0; c < n; ++c) {
             const int j = dstCol + col0 + c;
             const double m1 = c1 * (mul ? static_cast<double>(mul[width + j]) : 1.0);
-            row[width + j] = coefficient<T>(m1 * d1[c], scaleFactor);
+            row[width + j] = coefficient<T>(m1 * d1[c], scale);
             if (d2) {
                 const double m2 = c2 * (mul ? static_cast<double>(mul[2 * width + j]) : 1.0);
-                row[2 * width + j] = coefficient<T>(m2 * d2[c], scaleFactor);
+                row[2 * width + j] = coefficient<T>(m2 * d2[c], scale);
             }
         }
     }
@@ -117,13 +118,13 @@ struct DynamicsWriter {
 // Statics of every row: a copy, or multiplied by mul[k] and scaled.
 template <class T, class M>
 void writeStatics(Frames<T> x, int height, int count, T* dst, int step, int dstCol,
-                  const M* mul, int scaleFactor)
+                  const M* mul, double scale)
 {
     for (int t = 0; t < height; ++t) {
         const T* in = x.row(t);
         T* out = dst + static_cast<long long>(t) * step + dstCol;
         for (int c = 0; c < count; ++c)
-            out[c] = mul ? coefficient<T>(static_cast<double>(mul[dstCol + c]) * in[c], scaleFactor)
+            out[c] = mul ? coefficient<T>(static_cast<double>(mul[dstCol + c]) * in[c], scale)
                          : in[c];
     }
 }

@@ -32,9 +32,10 @@ VdlStatus deltaForm(const T* pSrc, int width, T* pDst, int dstStep, int height, 
                                   checkMode(deltaMode)}))
         return s;
     const Frames<T> x{pSrc, width};
-    writeStatics(x, height, width, pDst, dstStep, 0, mul, scaleFactor);
+    const double scale = scaleOf(scaleFactor);
+    writeStatics(x, height, width, pDst, dstStep, 0, mul, scale);
     regress(x, height, width, modePlan(win, blocks == 3 ? win : 0, height, deltaMode),
-            DynamicsWriter<T, M>{pDst, dstStep, width, 0, mul, c1, c2, scaleFactor});
+            DynamicsWriter<T, M>{pDst, dstStep, width, 0, mul, c1, c2, scale});
     return vdlStsNoErr;
 }
 
@@ -48,7 +49,7 @@ VdlStatus evalDeltaForm(T* pSrcDst, int height, int step, int width, int offset,
                                   checkRange(winSize, 1, 2), checkRange(offset, 0, height - 1)}))
         return s;
     regress(Frames<T>{pSrcDst, step}, height, width, DeltaPlan{winSize, winSize, offset, height},
-            DynamicsWriter<T, M>{pSrcDst, step, width, 0, mul, val, val, scaleFactor});
+            DynamicsWriter<T, M>{pSrcDst, step, width, 0, mul, val, val, scaleOf(scaleFactor)});
     return vdlStsNoErr;
 }
 
@@ -64,13 +65,13 @@ VdlStatus auroraDeltaForm(const T* pSrc, const M* mul, bool mulForm, T* pDst, in
                                   checkMode(deltaMode)}))
         return s;
     const DeltaPlan plan = modePlan(3, 2, height, deltaMode);
-    const DynamicsWriter<T, M> cepstra{pDst, dstStep, width, 0, mul, 1.0 / 28, 1.0 / 280,
-                                       scaleFactor};
+    const double scale = scaleOf(scaleFactor);
+    const DynamicsWriter<T, M> cepstra{pDst, dstStep, width, 0, mul, 1.0 / 28, 1.0 / 280, scale};
     DynamicsWriter<T, M> energy = cepstra;
     energy.dstCol = 12;
     const Frames<T> c{pSrc, srcWidth}, logE{pSrc + 13, srcWidth};
-    writeStatics(c, height, 12, pDst, dstStep, 0, mul, scaleFactor);
-    writeStatics(logE, height, 1, pDst, dstStep, 12, mul, scaleFactor);
+    writeStatics(c, height, 12, pDst, dstStep, 0, mul, scale);
+    writeStatics(logE, height, 1, pDst, dstStep, 12, mul, scale);
     regress(c, height, 12, plan, cepstra);
     regress(logE, height, 1, plan, energy);
     return vdlStsNoErr;
