@@ -43,7 +43,7 @@ VdlStatus vdlsCrossCorrCoeffPartial_16s32f(const Vdl16s* pSrc1, const Vdl16s* pS
 {
     if (VdlStatus s = firstError({checkPtrs({pSrc1, pSrc2, pResult}), checkLen(len)}))
         return s;
-    if (!(energy1 >= 0) || !std::isfinite(energy1))
+    if (!std::isfinite(energy1) || energy1 < 0)
         return vdlStsBadArgErr;
     double xy, yy;
     signalKernels().corrSums(pSrc1, pSrc2, len, &xy, nullptr, &yy);

@@ -222,7 +222,8 @@ VdlStatus dtwDistance(const Rows& src1, int height1, const Rows& src2, int heigh
     if (VdlStatus s = firstError({src1.nullCheck(height1), src2.nullCheck(height2),
                                   src1.stepCheck(width), src2.stepCheck(width)}))
         return s;
-    if (delta < 0 || !(beam >= 0))
+    // No comparison with a NaN: a refused call raises no floating-point flag.
+    if (delta < 0 || std::isnan(static_cast<double>(beam)) || beam < 0)
         return vdlStsBadArgErr;
     DtwSearch<C> search(height2, delta);
     if (!search.allocate())

@@ -46,7 +46,8 @@ constexpr double maxTableEntries = 1 << 26;
 
 inline bool validFilter(float rollf, float alpha)
 {
-    return rollf > 0 && rollf <= 1 && alpha >= 0 && std::isfinite(alpha);
+    // Finite first: no comparison with a NaN, which would raise a flag.
+    return std::isfinite(rollf) && std::isfinite(alpha) && rollf > 0 && rollf <= 1 && alpha >= 0;
 }
 
 template <class State>
@@ -54,7 +55,7 @@ VdlStatus initAny(State** ppState, float window, int nStep, float rollf, float a
 {
     if (VdlStatus s = firstError({checkPtrs({ppState}), checkLen(nStep)}))
         return s;
-    if (!(window >= 1) || !std::isfinite(window))
+    if (!std::isfinite(window) || window < 1)
         return vdlStsSizeErr;
     if (!validFilter(rollf, alpha))
         return vdlStsBadArgErr;
@@ -149,12 +150,12 @@ VdlStatus resampleAny(const State* pState, const T* pSrc, int len, T* pDst, doub
     const PolyphaseBody& b = pState->body;
     if (b.tag != State::tag)
         return vdlStsContextMatchErr;
-    if (!(factor > 0) || !std::isfinite(factor))
+    if (!std::isfinite(factor) || factor <= 0)
         return vdlStsBadArgErr;
     const double s = factor < 1 ? factor : 1.0;
     const double reach = b.window * 0.5 / s;
     const double t0 = *pTime;
-    if (!(t0 >= reach) || !std::isfinite(t0))
+    if (!std::isfinite(t0) || t0 < reach)
         return vdlStsBadArgErr;
     const PhaseSumFn<T> sum = resampleKernels().template phase<T>();
     const double period = 1.0 / factor;
@@ -184,7 +185,7 @@ VdlStatus resampleFixed(const State* pState, const T* pSrc, int len, T* pDst, fl
     if (b.tag != State::tag)
         return vdlStsContextMatchErr;
     const double t0 = *pTime;
-    if (!(t0 >= b.half) || !(t0 * b.up < 9e18))
+    if (!std::isfinite(t0) || t0 < b.half || t0 * b.up > 9e18)
         return vdlStsBadArgErr;
     // Times count in phases, 1 / up of an input sample.
     long long q = std::llround(t0 * b.up);
