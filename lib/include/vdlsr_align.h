@@ -74,8 +74,8 @@ VdlStatus vdlsDTW_L2Low_16s32s_D2LSfs(const Vdl16s* const* pSrc1, int height1,
  * norm * sum over n of pSrc[n] * h(t - n), h a lowpass windowed sinc (Kaiser
  * window of parameter alpha) of cutoff rollf times the Nyquist frequency of
  * the lower of the two rates, reaching R input samples to either side; the
- * caller keeps R samples in front of *pTime and behind *pTime + len, and a
- * *pTime below R is refused (vdlStsBadArgErr). pDst needs room for
+ * caller keeps R samples in front of *pTime and R + 1 behind *pTime + len,
+ * and a *pTime below R is refused (vdlStsBadArgErr). pDst needs room for
  * len * factor + 2 outputs. 16-bit outputs are rounded and saturated.
  *
  * Any ratio (InitAlloc): `window` is the length of the prototype filter and

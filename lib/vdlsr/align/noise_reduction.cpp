@@ -9,9 +9,9 @@ using namespace vdl;
 
 namespace {
 
-// The Wiener gain in Q15 and the gains in Q30 come out of the kernels as
-// real gains times 2^15 (or as plain gains); these scale factors bring them
-// to the result by the one integer rule.
+// The gain kernels give real gains; a scale factor of -30 makes them Q30
+// results by the one integer rule. (The 16-bit Wiener kernel gives its
+// gains times 2^15 already.)
 constexpr int toQ30 = -30;
 
 template <class T>
