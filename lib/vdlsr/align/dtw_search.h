@@ -89,12 +89,9 @@ public:
                 if (cost < best)
                     best = cost;
                 // Above the cells fed by the column before, costs only grow
-                // with j: once past the beam, every cell above is too.
-                if (!last && j > fed && cost > best + beam && cost != inf()) {
-                    ++j;
-                    break;
-                }
-                if (!last && j > fed && cost == inf()) {
+                // with j: once one is out of reach or past the beam, every
+                // cell above is too.
+                if (!last && j > fed && (cost == inf() || cost > best + beam)) {
                     ++j;
                     break;
                 }
