@@ -10,6 +10,7 @@
 #define VDL_DTW_SEARCH_H
 
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <limits>
 
@@ -41,17 +42,19 @@ public:
         m_states(delta == 0 ? 1 : 2 * delta + 1) {}
     ~DtwSearch() { std::free(m_memory); }
 
+    // Two columns, each behind a sentinel cell (index -1) that stays at
+    // +infinity, so that the cells of row 0 need no test for a cell below.
     bool allocate()
     {
-        const size_t cells = static_cast<size_t>(m_height2);
-        m_memory = static_cast<C*>(std::malloc(sizeof(C) * cells * (2 * m_states + 1)));
+        const size_t column = static_cast<size_t>(m_height2 + 1) * m_states;
+        m_memory = static_cast<C*>(std::malloc(sizeof(C) * (2 * column + m_height2)));
         if (m_memory == nullptr)
             return false;
-        m_prev = m_memory;
-        m_cur = m_prev + cells * m_states;
-        m_dist = m_cur + cells * m_states;
-        for (size_t k = 0; k < 2 * cells * m_states; ++k)
+        for (size_t k = 0; k < 2 * column; ++k)
             m_memory[k] = inf();
+        m_prev = m_memory + m_states;
+        m_cur = m_prev + column;
+        m_dist = m_memory + 2 * column;
         return true;
     }
 
@@ -85,7 +88,8 @@ public:
                     dist(a.row(i), b, width, distFrom, distTo, m_dist);
                 }
                 const C d = m_dist[j - distFrom];
-                const C cost = i == 0 && j == 0 ? startCell(d) : cell(i, j, d);
+                const C cost = i == 0 && j == 0 ? startCell(d)
+                               : m_delta == 0 ? plainCell(j, d) : boundedCell(j, d);
                 if (cost < best)
                     best = cost;
                 // Above the cells fed by the column before, costs only grow
@@ -154,47 +158,36 @@ private:
         return d;
     }
 
-    // States of m_cur at j from the column before (m_prev) and the cell
-    // below; returns the least of them.
-    C cell(int i, int j, C d)
+    // Without a bound: one state, from the cell before in either sequence
+    // or in both.
+    C plainCell(int j, C d)
     {
-        C* s = m_cur + static_cast<size_t>(j) * m_states;
-        const C* left = i > 0 ? m_prev + static_cast<size_t>(j) * m_states : nullptr;
-        const C* diag = i > 0 && j > 0 ? m_prev + static_cast<size_t>(j - 1) * m_states : nullptr;
-        const C* below = j > 0 ? m_cur + static_cast<size_t>(j - 1) * m_states : nullptr;
-        if (m_delta == 0) {
-            C m = inf();
-            if (left)
-                m = *left < m ? *left : m;
-            if (diag)
-                m = *diag < m ? *diag : m;
-            if (below)
-                m = *below < m ? *below : m;
-            s[0] = d + m;
-            return s[0];
-        }
-        // s[0]: both stepped; s[1 .. delta]: the first alone r times;
-        // s[delta + 1 .. 2 delta]: the second alone r times.
+        const C left = m_prev[j], diag = m_prev[j - 1], below = m_cur[j - 1];
+        C m = left < diag ? left : diag;
+        m = below < m ? below : m;
+        m_cur[j] = d + m;
+        return m_cur[j];
+    }
+
+    // With a bound: s[0] both stepped; s[1 .. delta] the first alone r times
+    // in a row; s[delta + 1 .. 2 delta] the second alone r times. Returns
+    // the least of them.
+    C boundedCell(int j, C d)
+    {
+        C* s = m_cur + static_cast<std::ptrdiff_t>(j) * m_states;
+        const C* left = m_prev + static_cast<std::ptrdiff_t>(j) * m_states;
+        const C* diag = left - m_states;
+        const C* below = s - m_states;
         const int a1 = 1, b1 = m_delta + 1;
-        s[0] = diag ? d + minOf(diag, 0, m_states) : inf();
-        if (left) {
-            const C from = left[0] < minOf(left, b1, m_states) ? left[0] : minOf(left, b1, m_states);
-            s[a1] = d + from;
-            for (int r = 1; r < m_delta; ++r)
-                s[a1 + r] = d + left[a1 + r - 1];
-        } else {
-            for (int r = 0; r < m_delta; ++r)
-                s[a1 + r] = inf();
-        }
-        if (below) {
-            const C from = below[0] < minOf(below, a1, b1) ? below[0] : minOf(below, a1, b1);
-            s[b1] = d + from;
-            for (int r = 1; r < m_delta; ++r)
-                s[b1 + r] = d + below[b1 + r - 1];
-        } else {
-            for (int r = 0; r < m_delta; ++r)
-                s[b1 + r] = inf();
-        }
+        s[0] = d + minOf(diag, 0, m_states);
+        const C fromLeft = minOf(left, b1, m_states);
+        s[a1] = d + (left[0] < fromLeft ? left[0] : fromLeft);
+        for (int r = 1; r < m_delta; ++r)
+            s[a1 + r] = d + left[a1 + r - 1];
+        const C fromBelow = minOf(below, a1, b1);
+        s[b1] = d + (below[0] < fromBelow ? below[0] : fromBelow);
+        for (int r = 1; r < m_delta; ++r)
+            s[b1 + r] = d + below[b1 + r - 1];
         return minOf(s, 0, m_states);
     }
 
