@@ -32,9 +32,10 @@ extern "C" {
  * cells whose cost exceeds the best cost of that frame by more than `beam`
  * (in units of the result, so times 2^scaleFactor for the integer forms)
  * leave the search; cells that no kept cell reaches are not computed, which
- * is where a narrow beam saves time. A beam can only raise the distance
- * above the exact one. Without a path the result is +infinity (float) or the
- * greatest value (integer). delta or beam below 0: vdlStsBadArgErr.
+ * is where a narrow beam saves time. A beam never lowers the distance
+ * below the exact one. Without a path the result is +infinity (float) or the
+ * greatest value (integer). delta below 0, beam below 0 or not a number:
+ * vdlStsBadArgErr.
  * _32f sums in float, in eight partial sums per frame pair (relative error
  * of d up to (width + 1) * 6e-8); _8u32s sums exactly in double; L2Low sums
  * in float, faster, with a relative error of the distance up to
