@@ -88,7 +88,8 @@ VdlStatus vdlsDTW_L2Low_16s32s_D2LSfs(const Vdl16s* const* pSrc1, int height1,
  * (R = len / 2) with one exact tap set per phase; the hint chooses the sum:
  * fast in float, accurate (and none) in double. A time between phases is
  * taken to the nearest phase.
- * Arguments: window, len, nStep of 1 or more (vdlStsSizeErr); rollf in
+ * Arguments: window, len, nStep of 1 or more, and a prototype table
+ * (window / 2 * nStep entries) of at most 2^20 entries (vdlStsSizeErr); rollf in
  * (0, 1], alpha of 0 or more, factor above 0, rates of 1 or more
  * (vdlStsBadArgErr); a hint outside the three (vdlStsBadArgErr).
  */

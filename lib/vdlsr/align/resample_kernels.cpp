@@ -13,23 +13,25 @@ namespace {
 constexpr int lanes = 8;
 
 // The taps of an any-ratio output come from the prototype table at
-// positions that step by a fraction of an entry.
+// positions that step by a fraction of an entry. Positions run in float:
+// for the tables the state allows (up to 2^20 entries) they keep a few
+// thousandths of an entry, far below what the interpolation resolves.
 template <class T>
 float phaseSum(const T* __restrict x, int count, double pos, double step,
                const float* __restrict table, int interpolate)
 {
+    const float p0 = static_cast<float>(pos), dp = static_cast<float>(step);
     float sum = 0;
     if (interpolate) {
         for (int i = 0; i < count; ++i) {
-            const double a = std::fabs(pos + i * step);
+            const float a = std::fabs(p0 + static_cast<float>(i) * dp);
             const int k = static_cast<int>(a);
-            const float frac = static_cast<float>(a - k);
-            const float h = table[k] + frac * (table[k + 1] - table[k]);
-            sum += static_cast<float>(x[i]) * h;
+            const float frac = a - static_cast<float>(k);
+            sum += static_cast<float>(x[i]) * (table[k] + frac * (table[k + 1] - table[k]));
         }
     } else {
         for (int i = 0; i < count; ++i) {
-            const int k = static_cast<int>(std::fabs(pos + i * step) + 0.5);
+            const int k = static_cast<int>(std::fabs(p0 + static_cast<float>(i) * dp) + 0.5f);
             sum += static_cast<float>(x[i]) * table[k];
         }
     }

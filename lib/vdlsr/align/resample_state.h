@@ -41,8 +41,10 @@ struct PolyphaseFixedBody {
 
 namespace vdl {
 
-// Larger tables than this are refused as a size error.
+// Larger tables than these are refused as a size error. The prototype's
+// positions run in float, which keeps fractions of an entry up to here.
 constexpr double maxTableEntries = 1 << 26;
+constexpr double maxPrototypeEntries = 1 << 20;
 
 inline bool validFilter(float rollf, float alpha)
 {
@@ -62,7 +64,7 @@ VdlStatus initAny(State** ppState, float window, int nStep, float rollf, float a
     if (VdlStatus s = checkHint(hint))
         return s;
     const double entries = std::ceil(window * 0.5 * nStep) + 2;
-    if (entries > maxTableEntries)
+    if (entries > maxPrototypeEntries)
         return vdlStsSizeErr;
     auto* state = static_cast<State*>(std::calloc(1, sizeof(State)));
     const int count = static_cast<int>(entries);
