@@ -249,6 +249,7 @@ TEST(AlignArguments, BadCallsAreRefusedWithoutWriting)
         {"resample init null holder", vdlStsNullPtrErr, [&] { return vdlsResamplePolyphaseInitAlloc_16s(nullptr, 64, 16, 0.9f, 9, vdlAlgHintFast); }},
         {"resample init zero phases", vdlStsSizeErr, [&] { return vdlsResamplePolyphaseInitAlloc_16s(&made16, 64, 0, 0.9f, 9, vdlAlgHintFast); }},
         {"resample init zero window", vdlStsSizeErr, [&] { return vdlsResamplePolyphaseInitAlloc_16s(&made16, 0, 16, 0.9f, 9, vdlAlgHintFast); }},
+        {"resample init table too large", vdlStsSizeErr, [&] { return vdlsResamplePolyphaseInitAlloc_16s(&made16, 16384, 256, 0.9f, 9, vdlAlgHintFast); }},
         {"resample init roll-off above 1", vdlStsBadArgErr, [&] { return vdlsResamplePolyphaseInitAlloc_16s(&made16, 64, 16, 1.5f, 9, vdlAlgHintFast); }},
         {"resample init negative alpha", vdlStsBadArgErr, [&] { return vdlsResamplePolyphaseInitAlloc_16s(&made16, 64, 16, 0.9f, -1, vdlAlgHintFast); }},
         {"resample init bad hint", vdlStsBadArgErr, [&] { return vdlsResamplePolyphaseInitAlloc_16s(&made16, 64, 16, 0.9f, 9, static_cast<VdlHintAlgorithm>(3)); }},
