@@ -12,6 +12,20 @@
 
 namespace vdl {
 
+// v rounded to nearest, halves away from zero, for |v| below 2^63. The
+// truncation and the remainder are exact, and no library call is made, so
+// that a loop of integer results stays cheap.
+inline long long roundHalfAway(double v)
+{
+    long long i = static_cast<long long>(v);
+    const double rest = v - static_cast<double>(i);
+    if (rest >= 0.5)
+        ++i;
+    else if (rest <= -0.5)
+        --i;
+    return i;
+}
+
 // A computed value as a result element of type D.
 template <class D, class A>
 D toResult(A x)
@@ -30,7 +44,7 @@ D toResult(A x)
             return std::numeric_limits<D>::max();
         if (v <= lo)
             return std::numeric_limits<D>::min();
-        return static_cast<D>(std::round(v));
+        return static_cast<D>(roundHalfAway(v));
     }
 }
 
@@ -49,6 +63,17 @@ D scaled(double x, int scaleFactor)
 {
     return toResult<D>(x * scaleOf(scaleFactor));
 }
+
+// The same rule for many elements of one call: the factor is found once.
+template <class D>
+class ScaleRule {
+public:
+    explicit ScaleRule(int scaleFactor) : m_factor(scaleOf(scaleFactor)) {}
+    D operator()(double x) const { return toResult<D>(x * m_factor); }
+
+private:
+    double m_factor;
+};
 
 } // namespace vdl
 
