@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "vdlcore.h"
 #include "vdlround.h"
 
 namespace {
