@@ -149,7 +149,7 @@ TEST(TrainCatalogue, QuickRunOfTheFamilyPassesWithTheExpectedGridsAndDivisors) {
     EXPECT_EQ(19, rows["vdlsSumRowAbs_64f"]);
     EXPECT_EQ(7, rows["vdlsUpdateNoisePSDMCRA_32s_I"]);
     EXPECT_EQ(64, rows["vdlsCopyColumn_Indirect_16s_D2L"]);
-    // 20 lengths, 30 to 68.
+    // 20 lengths, under 4 scale factors where scaled.
     EXPECT_EQ(20, rows["vdlsRecSqrt_32f"]);
     EXPECT_EQ(80, rows["vdlsRecSqrt_32s16s_Sfs"]);
     EXPECT_EQ(20, rows["vdlsOutProbPreCalc_32s_I"]);
