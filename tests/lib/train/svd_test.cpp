@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -116,7 +117,13 @@ TEST_P(Svd, EveryFormDecomposesTheMatrix)
 INSTANTIATE_TEST_SUITE_P(Shapes, Svd,
                          ::testing::Values(SvdCase{1, 1, 1, 1}, SvdCase{5, 5, 8, 5},
                                            SvdCase{17, 9, 12, 9}, SvdCase{12, 12, 12, 4},
-                                           SvdCase{9, 7, 7, 1}, SvdCase{4, 3, 5, 0}));
+                                           SvdCase{9, 7, 7, 1}, SvdCase{4, 3, 5, 0}),
+                         [](const ::testing::TestParamInfo<SvdCase>& info) {
+                             const SvdCase& c = info.param;
+                             return std::to_string(c.height) + "x" + std::to_string(c.width) +
+                                    "step" + std::to_string(c.step) + "rank" +
+                                    std::to_string(c.rank);
+                         });
 
 TEST(SvdLimits, ReportsTheIterationLimitAndRefusesBadShapes)
 {
