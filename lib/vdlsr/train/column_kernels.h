@@ -1,7 +1,9 @@
 // The hot loops of the matrix statistics, in double. Column sums add the
 // rows in their order, one contiguous pass over the columns each, so every
 // code path gives the same sums; the width is what the vector registers run
-// over. Row sums run in partial sums.
+// over. Row sums and products run in partial sums; the covariance adds
+// centred outer products row by row (a fused multiply-add where the path
+// has one, so paths may differ in the last bit of each term).
 #ifndef VDL_TRAIN_COLUMN_KERNELS_H
 #define VDL_TRAIN_COLUMN_KERNELS_H
 
@@ -27,6 +29,12 @@ struct ColumnKernels {
     // out[i] = sum over k of x_ik, in partial sums whose order depends on
     // the path (relative error up to width * 1.2e-16 between paths)
     void (*rowSums)(RowRef<T> x, int height, int width, double* out);
+    // out[i] = sum over k of x_ik v_k, in partial sums as rowSums
+    void (*rowDots)(RowRef<T> x, const T* v, int height, int width, double* out);
+    // acc[i * width + j] += val (x_ni - mean_i)(x_nj - mean_j) over the rows
+    // n, for j >= i only (the upper triangle); d holds width doubles of work
+    void (*outerSums)(RowRef<T> x, int height, const double* mean, double val, int width,
+                      double* acc, double* d);
 };
 
 struct TrainKernels {

@@ -16,13 +16,12 @@ VdlStatus matVecMul(const Rows& m, const T* pVec, int width, D* pDst, int height
 {
     if (VdlStatus s = firstError({checkPtrs({pVec, pDst}), checkMatrix(m, height, width)}))
         return s;
-    for (int i = 0; i < height; ++i) {
-        const T* row = m.row(i);
-        double acc = 0;
-        for (int k = 0; k < width; ++k)
-            acc += static_cast<double>(row[k]) * static_cast<double>(pVec[k]);
-        pDst[i] = scaled<D>(acc, scaleFactor);
-    }
+    WorkDoubles acc(height);
+    if (!acc.ok())
+        return vdlStsNoMemErr;
+    sums<T>().rowDots(m.ref(), pVec, height, width, acc.data());
+    for (int i = 0; i < height; ++i)
+        pDst[i] = scaled<D>(acc[i], scaleFactor);
     return vdlStsNoErr;
 }
 
@@ -49,19 +48,18 @@ VdlStatus accCovariance(const Rows& src, int height, const Vdl64f* pMean, const 
     if (VdlStatus s = firstError({checkPtrs({pMean}), checkMatrix(src, height, width),
                                   checkMatrix(dst, width, width)}))
         return s;
-    WorkDoubles d(width);
-    if (!d.ok())
+    // The work triangle is counted in int elements.
+    if (width > 46340)
+        return vdlStsSizeErr;
+    WorkDoubles d(width), acc(width * width);
+    if (!d.ok() || !acc.ok())
         return vdlStsNoMemErr;
-    for (int n = 0; n < height; ++n) {
-        const T* x = src.row(n);
-        for (int k = 0; k < width; ++k)
-            d[k] = static_cast<double>(x[k]) - pMean[k];
-        for (int i = 0; i < width; ++i) {
-            Vdl64f* out = dst.row(i);
-            const double di = val * d[i];
-            for (int j = 0; j < width; ++j)
-                out[j] += di * d[j];
-        }
+    // The sums are symmetric: the upper triangle is summed, both halves added.
+    sums<T>().outerSums(src.ref(), height, pMean, val, width, acc.data(), d.data());
+    for (int i = 0; i < width; ++i) {
+        Vdl64f* out = dst.row(i);
+        for (int j = 0; j < width; ++j)
+            out[j] += i <= j ? acc[i * width + j] : acc[j * width + i];
     }
     return vdlStsNoErr;
 }
