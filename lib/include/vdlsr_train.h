@@ -419,7 +419,8 @@ VdlStatus vdlsSVDSort_64f_D2L_I(Vdl64f* const* ppSrcDstU, int height, Vdl64f* pD
  * frame hop nFFT / 2), and the noise estimate averaged recursively with a
  * weight that grows with the probability of speech (smoothed power more
  * than 5 times its minimum). The first frame after Init takes the frame as
- * the estimate. nFFT >= 2 and sampFreq >= 1, else vdlStsBadArgErr. */
+ * the estimate. nFFT from 2 to 2^24 and sampFreq >= 1, else vdlStsBadArgErr;
+ * a negative power in the frame gives vdlStsBadArgErr before any update. */
 typedef struct VdlMCRAState_32s VdlMCRAState_32s;
 /* *pSize = bytes of a state for nFFT (to be allocated by vdlsMalloc_8u). */
 VdlStatus vdlsGetSizeMCRA_32s(int nFFT, int* pSize);

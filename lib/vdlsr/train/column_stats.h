@@ -4,6 +4,7 @@
 #ifndef VDL_TRAIN_COLUMN_STATS_H
 #define VDL_TRAIN_COLUMN_STATS_H
 
+#include <cfenv>
 #include <initializer_list>
 
 #include "column_kernels.h"
@@ -92,14 +93,20 @@ VdlStatus meanVarColumn(const Rows& rows, int height, M* pMean, V* pVar, int wid
     return vdlStsNoErr;
 }
 
-// Weighted forms: the weight sum must not be zero.
+// Weighted forms: the weight sum must not be zero. A refusal puts back the
+// floating-point flags that the sum may have raised.
 template <class T>
 VdlStatus weightSum(const T* pWgt, int height, double& total)
 {
+    std::fexcept_t flags;
+    std::fegetexceptflag(&flags, FE_ALL_EXCEPT);
     total = 0;
     for (int i = 0; i < height; ++i)
         total += pWgt[i];
-    return total != 0 ? vdlStsNoErr : vdlStsDivByZeroErr;
+    if (total != 0)
+        return vdlStsNoErr;
+    std::fesetexceptflag(&flags, FE_ALL_EXCEPT);
+    return vdlStsDivByZeroErr;
 }
 
 // Weighted mean into pMean (if not null), weighted variance into pVar (if

@@ -18,9 +18,10 @@ VdlStatus recSqrt(const T* pSrc, D* pDst, int len, T val, int scaleFactor)
         return s;
     if (!std::isgreater(val, T(0)))
         return vdlStsBadArgErr;
+    const double f = scaleOf(scaleFactor);
     for (int k = 0; k < len; ++k) {
         const T x = pSrc[k] > val ? pSrc[k] : val;
-        pDst[k] = scaled<D>(1.0 / std::sqrt(static_cast<double>(x)), scaleFactor);
+        pDst[k] = toResult<D>(f / std::sqrt(static_cast<double>(x)));
     }
     return vdlStsNoErr;
 }
@@ -43,10 +44,11 @@ VdlStatus normalizeColumn(const Rows& rows, int height, const T* pMean, const T*
 {
     if (VdlStatus s = firstError({checkPtrs({pMean, pScale}), checkMatrix(rows, height, width)}))
         return s;
+    const double f = scaleOf(scaleFactor);
     for (int i = 0; i < height; ++i) {
         T* x = rows.row(i);
         for (int k = 0; k < width; ++k)
-            x[k] = scaled<T>((static_cast<double>(x[k]) - pMean[k]) * pScale[k], scaleFactor);
+            x[k] = toResult<T>((static_cast<double>(x[k]) - pMean[k]) * pScale[k] * f);
     }
     return vdlStsNoErr;
 }

@@ -37,10 +37,11 @@ VdlStatus newVar(const T* pSum, const T* pSqr, D* pDst, int len, float invOcc, f
 {
     if (VdlStatus s = firstError({checkPtrs({pSum, pSqr, pDst}), checkLen(len)}))
         return s;
+    const double f = scaleOf(scaleFactor);
     for (int k = 0; k < len; ++k) {
         const double mean = static_cast<double>(pSum[k]) * invOcc;
         const double var = static_cast<double>(pSqr[k]) * invOcc - mean * mean;
-        pDst[k] = scaled<D>(var > varFloor ? var : static_cast<double>(varFloor), scaleFactor);
+        pDst[k] = toResult<D>((var > varFloor ? var : static_cast<double>(varFloor)) * f);
     }
     return vdlStsNoErr;
 }
