@@ -1,0 +1,203 @@
+// Statistics over the rows and columns of a matrix in either layout: the
+// sums come from the path's kernels in double, and each result is rounded
+// once to its type by the one integer rule.
+#ifndef VDL_TRAIN_COLUMN_STATS_H
+#define VDL_TRAIN_COLUMN_STATS_H
+
+#include <cfenv>
+#include <initializer_list>
+
+#include "column_kernels.h"
+#include "train_layout.h"
+#include "vdlargcheck.h"
+#include "vdlround.h"
+
+#pragma GCC visibility push(hidden)
+
+namespace vdl {
+
+template <class Rows>
+VdlStatus checkMatrix(const Rows& rows, int height, int width)
+{
+    return firstError({checkSize(width, height), rows.nullCheck(height), rows.stepCheck(width)});
+}
+
+template <class T>
+const ColumnKernels<T>& sums()
+{
+    return trainKernels().columns<T>();
+}
+
+// Column sums of the data, or sums of squares about `center` (null: zero).
+template <class T, class Rows>
+void columnSums(const Rows& rows, int height, int width, double* acc)
+{
+    sums<T>().sum(rows.ref(), height, width, acc);
+}
+
+template <class T, class Rows>
+void columnSquares(const Rows& rows, int height, int width, const double* center, double* acc)
+{
+    sums<T>().sumSq(rows.ref(), height, width, center, acc);
+}
+
+// Column means, and the variance about them or about a given mean.
+template <class T, class M, class Rows>
+VdlStatus meanColumn(const Rows& rows, int height, M* pMean, int width)
+{
+    if (VdlStatus s = firstError({checkPtrs({pMean}), checkMatrix(rows, height, width)}))
+        return s;
+    WorkDoubles acc(width);
+    if (!acc.ok())
+        return vdlStsNoMemErr;
+    columnSums<T>(rows, height, width, acc.data());
+    for (int k = 0; k < width; ++k)
+        pMean[k] = toResult<M>(acc[k] / height);
+    return vdlStsNoErr;
+}
+
+template <class T, class V, class Rows>
+VdlStatus varColumn(const Rows& rows, int height, const T* pMean, V* pVar, int width,
+                    int scaleFactor)
+{
+    if (VdlStatus s = firstError({checkPtrs({pMean, pVar}), checkMatrix(rows, height, width)}))
+        return s;
+    WorkDoubles center(width), acc(width);
+    if (!center.ok() || !acc.ok())
+        return vdlStsNoMemErr;
+    for (int k = 0; k < width; ++k)
+        center[k] = pMean[k];
+    columnSquares<T>(rows, height, width, center.data(), acc.data());
+    for (int k = 0; k < width; ++k)
+        pVar[k] = scaled<V>(acc[k] / height, scaleFactor);
+    return vdlStsNoErr;
+}
+
+template <class T, class M, class V, class Rows>
+VdlStatus meanVarColumn(const Rows& rows, int height, M* pMean, V* pVar, int width,
+                        int scaleFactor)
+{
+    if (VdlStatus s = firstError({checkPtrs({pMean, pVar}), checkMatrix(rows, height, width)}))
+        return s;
+    WorkDoubles mean(width), acc(width);
+    if (!mean.ok() || !acc.ok())
+        return vdlStsNoMemErr;
+    columnSums<T>(rows, height, width, mean.data());
+    for (int k = 0; k < width; ++k)
+        mean[k] /= height;
+    columnSquares<T>(rows, height, width, mean.data(), acc.data());
+    for (int k = 0; k < width; ++k) {
+        pMean[k] = toResult<M>(mean[k]);
+        pVar[k] = scaled<V>(acc[k] / height, scaleFactor);
+    }
+    return vdlStsNoErr;
+}
+
+// Weighted forms: the weight sum must not be zero. A refusal puts back the
+// floating-point flags that the sum may have raised.
+template <class T>
+VdlStatus weightSum(const T* pWgt, int height, double& total)
+{
+    std::fexcept_t flags;
+    std::fegetexceptflag(&flags, FE_ALL_EXCEPT);
+    total = 0;
+    for (int i = 0; i < height; ++i)
+        total += pWgt[i];
+    if (total != 0)
+        return vdlStsNoErr;
+    std::fesetexceptflag(&flags, FE_ALL_EXCEPT);
+    return vdlStsDivByZeroErr;
+}
+
+// Weighted mean into pMean (if not null), weighted variance into pVar (if
+// not null) about pSrcMean or, without it, about the weighted mean.
+// `required` are the pointers the form must have.
+template <class T, class Rows>
+VdlStatus weightedColumn(const Rows& rows, const T* pWgt, int height, T* pMean, const T* pSrcMean,
+                         T* pVar, int width, std::initializer_list<const void*> required)
+{
+    if (VdlStatus s = firstError({checkPtrs(required), checkPtrs({pWgt}),
+                                  checkMatrix(rows, height, width)}))
+        return s;
+    WorkDoubles mean(width), acc(width);
+    if (!mean.ok() || !acc.ok())
+        return vdlStsNoMemErr;
+    double total = 0;
+    if (VdlStatus s = weightSum(pWgt, height, total))
+        return s;
+    if (pSrcMean) {
+        for (int k = 0; k < width; ++k)
+            mean[k] = pSrcMean[k];
+    } else {
+        sums<T>().wsum(rows.ref(), pWgt, height, width, mean.data());
+        for (int k = 0; k < width; ++k)
+            mean[k] /= total;
+    }
+    if (pVar)
+        sums<T>().wsumSq(rows.ref(), pWgt, height, width, mean.data(), acc.data());
+    for (int k = 0; k < width; ++k) {
+        if (pMean)
+            pMean[k] = static_cast<T>(mean[k]);
+        if (pVar)
+            pVar[k] = static_cast<T>(acc[k] / total);
+    }
+    return vdlStsNoErr;
+}
+
+// Column sums and row sums, scaled into D.
+template <class T, class D, class Rows>
+VdlStatus sumColumn(const Rows& rows, int height, D* pDst, int width, int scaleFactor)
+{
+    if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
+        return s;
+    WorkDoubles acc(width);
+    if (!acc.ok())
+        return vdlStsNoMemErr;
+    columnSums<T>(rows, height, width, acc.data());
+    for (int k = 0; k < width; ++k)
+        pDst[k] = scaled<D>(acc[k], scaleFactor);
+    return vdlStsNoErr;
+}
+
+template <class T, class D, class Rows>
+VdlStatus sumRow(const Rows& rows, int width, D* pDst, int height, int scaleFactor)
+{
+    if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
+        return s;
+    WorkDoubles acc(height);
+    if (!acc.ok())
+        return vdlStsNoMemErr;
+    sums<T>().rowSums(rows.ref(), height, width, acc.data());
+    for (int i = 0; i < height; ++i)
+        pDst[i] = scaled<D>(acc[i], scaleFactor);
+    return vdlStsNoErr;
+}
+
+// Sums and sums of squares per column, written (accumulate false) or added
+// to what the destinations hold.
+template <class T, class D, class Rows>
+VdlStatus sumMeanVar(const Rows& rows, int height, D* pSum, D* pSqr, int width, int scaleFactor,
+                     bool accumulate)
+{
+    if (VdlStatus s = firstError({checkPtrs({pSum, pSqr}), checkMatrix(rows, height, width)}))
+        return s;
+    WorkDoubles sum(width), sqr(width), zero(width);
+    if (!sum.ok() || !sqr.ok() || !zero.ok())
+        return vdlStsNoMemErr;
+    columnSums<T>(rows, height, width, sum.data());
+    columnSquares<T>(rows, height, width, zero.data(), sqr.data());
+    const double f = scaleOf(scaleFactor);
+    for (int k = 0; k < width; ++k) {
+        const double s0 = accumulate ? static_cast<double>(pSum[k]) : 0.0;
+        const double q0 = accumulate ? static_cast<double>(pSqr[k]) : 0.0;
+        pSum[k] = toResult<D>(s0 + sum[k] * f);
+        pSqr[k] = toResult<D>(q0 + sqr[k] * f);
+    }
+    return vdlStsNoErr;
+}
+
+} // namespace vdl
+
+#pragma GCC visibility pop
+
+#endif
