@@ -130,7 +130,7 @@ void kvIniFile::parseLine(kvString& line, kvSectionItem*& current) {
     if (line.empty()) return;
 
     kvString name, value;
-    if (getSection(line, name)) {
+    if (line.find("[") >= 0 && getSection(line, name)) {
         current = findSection(name);
         if (!current) current = addSection(name);
         return;
