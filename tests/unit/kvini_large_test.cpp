@@ -2,11 +2,13 @@
 // 16 MB. Read in time linear in the size this takes seconds even in the
 // sanitizer build; a reader that searches its sections one by one, or grows
 // a line by copying it whole for each piece, takes many minutes. The bound
-// is generous on purpose: the benchmark under bench/ gives the real figure.
+// is generous on purpose and counts processor time, so that a machine busy
+// with other work does not fail it: the benchmark under bench/ gives the
+// real figure.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <string>
 
 #include "kvistream.h"
@@ -37,12 +39,11 @@ TEST(KvIniLarge, TwentyMegabytesReadWithinAGenerousBound) {
     kvString path = dir.path("large.ini");
     writeLargeIni(path);
 
-    auto start = std::chrono::steady_clock::now();
+    clock_t start = clock();
     kvIniFile ini;
     ASSERT_TRUE(ini.open(path, false));
-    double seconds =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    EXPECT_LT(seconds, 120.0);
+    double seconds = (double)(clock() - start) / CLOCKS_PER_SEC;
+    EXPECT_LT(seconds, 60.0);
 
     EXPECT_STREQ(ini.read("0399999", "k", "").c_str(), "399999");
     EXPECT_STREQ(ini.read("0000000", "k", "").c_str(), "0");
