@@ -5,6 +5,8 @@
 #define DL_TYPES_H
 
 #include <cmath>
+#include <cstddef>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -82,21 +84,47 @@ T toElement(double x) {
     }
 }
 
+// ---- element access ----
+
+// Every element is stored and loaded through memcpy: a misaligned
+// configuration puts a buffer at any byte, where a typed access is undefined.
+// For a fixed size the copy is one move, as the typed access would be.
+template <class E>
+inline void dlStore(void* p, const E& v) {
+    memcpy(p, &v, sizeof(E));
+}
+
+template <class E>
+inline E dlLoad(const void* p) {
+    E v;
+    memcpy(&v, p, sizeof(E));
+    return v;
+}
+
+// The address of element i of a buffer of E.
+template <class E>
+inline void* dlAt(void* p, int i) {
+    return (char*)p + (ptrdiff_t)i * (ptrdiff_t)sizeof(E);
+}
+
+template <class E>
+inline const void* dlAt(const void* p, int i) {
+    return (const char*)p + (ptrdiff_t)i * (ptrdiff_t)sizeof(E);
+}
+
 // ---- fills on raw memory ----
 
 template <class T>
 void setReal(void* dst, int len, double re, double im) {
     (void)im;
     T v = toElement<T>(re);
-    T* p = (T*)dst;
-    for (int i = 0; i < len; ++i) p[i] = v;
+    for (int i = 0; i < len; ++i) dlStore(dlAt<T>(dst, i), v);
 }
 
 template <class T>
 void setComplex(void* dst, int len, double re, double im) {
     dlComplex<T> v = {toElement<T>(re), toElement<T>(im)};
-    dlComplex<T>* p = (dlComplex<T>*)dst;
-    for (int i = 0; i < len; ++i) p[i] = v;
+    for (int i = 0; i < len; ++i) dlStore(dlAt<dlComplex<T> >(dst, i), v);
 }
 
 // The generator of all random test data: a subtract-with-borrow sequence
@@ -113,7 +141,6 @@ void setRandUniform(void* dst, int len, double low, double high, unsigned int* s
     unsigned int c = b * 69069u + 1013904243u;
     unsigned int z = 1131199209u;
     unsigned int carry = 0xFFFFFFFFu;  // -1
-    T* p = (T*)dst;
     for (int i = 0; i < len; ++i) {
         z = z * 69069u + 1013904243u;
         unsigned int t = b - c + carry;
@@ -124,7 +151,7 @@ void setRandUniform(void* dst, int len, double low, double high, unsigned int* s
         b = a;
         a = n;
         int r = (int)(z + n);
-        p[i] = toElement<T>(r * scale + shift);
+        dlStore(dlAt<T>(dst, i), toElement<T>(r * scale + shift));
     }
     *seed = a;
 }
@@ -133,18 +160,17 @@ void setRandUniform(void* dst, int len, double low, double high, unsigned int* s
 template <class T>
 void setRealJaehne(void* dst, int len, double magnitude, double offset) {
     const double k = 1.5707963267948966 / len;
-    T* p = (T*)dst;
-    for (int i = 0; i < len; ++i) p[i] = toElement<T>(magnitude * sin(k * i * i) + offset);
+    for (int i = 0; i < len; ++i)
+        dlStore(dlAt<T>(dst, i), toElement<T>(magnitude * sin(k * i * i) + offset));
 }
 
 template <class T>
 void setCplxJaehne(void* dst, int len, double magnitude, double offset) {
     const double k = 1.5707963267948966 / len;
-    dlComplex<T>* p = (dlComplex<T>*)dst;
     for (int i = 0; i < len; ++i) {
         T v = toElement<T>(magnitude * sin(k * i * i) + offset);
-        p[i].re = v;
-        p[i].im = v;
+        dlComplex<T> e = {v, v};
+        dlStore(dlAt<dlComplex<T> >(dst, i), e);
     }
 }
 
@@ -152,28 +178,27 @@ void setCplxJaehne(void* dst, int len, double magnitude, double offset) {
 // or stays at `stop`. The running value is held in extended precision, as
 // an x87 register holds it: a double accumulator drifts past `stop` for a
 // step such as 10/19 and would wrap one element early.
-template <class T, class E, void (*put)(E&, T)>
+template <class T, class E, void (*put)(void*, T)>
 void fillSequence(void* dst, int len, double start, double stop, double step, double wrap) {
     if (start < getMin<T>()) start = getMin<T>();
     if (stop > getMax<T>()) stop = getMax<T>();
-    E* p = (E*)dst;
     long double x = start;
     for (int i = 0; i < len; ++i) {
-        put(p[i], toElement<T>((double)x));
+        put(dlAt<E>(dst, i), toElement<T>((double)x));
         x += step;
         if (x > stop) x = wrap != 0.0 ? start : stop;
     }
 }
 
 template <class T>
-void putReal(T& e, T v) {
-    e = v;
+void putReal(void* e, T v) {
+    dlStore(e, v);
 }
 
 template <class T>
-void putCplx(dlComplex<T>& e, T v) {
-    e.re = v;
-    e.im = v;
+void putCplx(void* e, T v) {
+    dlComplex<T> c = {v, v};
+    dlStore(e, c);
 }
 
 template <class T>
@@ -191,14 +216,14 @@ void setCplxSeq(void* dst, int len, double start, double stop, double step, doub
 template <class T>
 void getReal(const void* p, double& re, double& im) {
     (void)im;
-    re = (double)*(const T*)p;
+    re = (double)dlLoad<T>(p);
 }
 
 template <class T>
 void getComplex(const void* p, double& re, double& im) {
-    const dlComplex<T>* e = (const dlComplex<T>*)p;
-    re = (double)e->re;
-    im = (double)e->im;
+    dlComplex<T> e = dlLoad<dlComplex<T> >(p);
+    re = (double)e.re;
+    im = (double)e.im;
 }
 
 // ---- printing ----
@@ -232,9 +257,8 @@ template <class T>
 kvString vectorStringReal(const void* p, int len) {
     kvString f = Format<T>();
     kvString s;
-    const T* e = (const T*)p;
     for (int i = 0; i < len; ++i)
-        s += kvString::format(f.c_str(), (typename dlPrintArg<T>::type)e[i]);
+        s += kvString::format(f.c_str(), (typename dlPrintArg<T>::type)dlLoad<T>(dlAt<T>(p, i)));
     return s;
 }
 
@@ -242,10 +266,11 @@ template <class T>
 kvString vectorStringCplx(const void* p, int len) {
     kvString f = " (" + Format<T>() + "," + Format<T>() + ")";
     kvString s;
-    const dlComplex<T>* e = (const dlComplex<T>*)p;
-    for (int i = 0; i < len; ++i)
-        s += kvString::format(f.c_str(), (typename dlPrintArg<T>::type)e[i].re,
-                              (typename dlPrintArg<T>::type)e[i].im);
+    for (int i = 0; i < len; ++i) {
+        dlComplex<T> e = dlLoad<dlComplex<T> >(dlAt<dlComplex<T> >(p, i));
+        s += kvString::format(f.c_str(), (typename dlPrintArg<T>::type)e.re,
+                              (typename dlPrintArg<T>::type)e.im);
+    }
     return s;
 }
 

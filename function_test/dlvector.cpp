@@ -1,6 +1,8 @@
 // Test data vectors and matrices over the aligned allocator.
 #include "dlvector.h"
 
+#include <climits>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 
@@ -55,41 +57,73 @@ int dlVector::item(const dlFunc& func) {
     return bits / 8;
 }
 
-bool dlVector::allocateVector(int size, int align, void* object) {
+long long dlMaxBufferBytes() {
+    return kvMaxBlockSize();
+}
+
+// The decimal text of a * b, exact for any two 64-bit factors.
+static kvString productText(long long a, long long b) {
+    __int128 p = (__int128)a * b;
+    unsigned __int128 u = p < 0 ? -(unsigned __int128)p : (unsigned __int128)p;
+    char digits[48];
+    int i = sizeof digits;
+    digits[--i] = 0;
+    do {
+        digits[--i] = (char)('0' + (int)(u % 10));
+        u /= 10;
+    } while (u != 0);
+    if (p < 0) digits[--i] = '-';
+    return kvString(digits + i);
+}
+
+void dlVector::refuseSize(long long count, long long item) {
+    g_ostrm << ERR << "-- Memory error: can't allocate " << productText(count, item)
+            << " bytes\n" << endMsg;
+}
+
+bool dlVector::allocateVector(long long size, int align, void* object) {
     deleteVector();
-    if (size < 1) {
-        g_ostrm << ERR << "-- Memory error: can't allocate " << size << " bytes\n" << endMsg;
+    if (size < 1 || size > dlMaxBufferBytes()) {
+        refuseSize(size, 1);
         return false;
     }
     // A negative alignment is a count of the session's alignment units:
     // bytes, or elements of this vector.
     if (align < 0) align = kvGetAlignByByte() ? -1 : -item(m_func);
-    void* p = kvTest::allocate(size, align, object ? object : static_cast<kvObject*>(this));
+    void* p = kvTest::allocate((int)size, align, object ? object : static_cast<kvObject*>(this));
     if (!p) return false;
-    memset(p, 0, size);
+    memset(p, 0, (size_t)size);
     m_data = p;
     m_ptr.set(m_type, p);
     return true;
 }
 
-bool dlVector::createVector(int len, int align) {
+bool dlVector::createVector(long long len, int align) {
     return createVector(len, align, 0);
 }
 
-bool dlVector::createVector(int len, int align, void* object) {
-    if (!allocateVector(len * item(m_func), align, object)) return false;
-    m_len = len;
+// The byte count is formed in 64 bits and checked before anything is made,
+// so no length reaches the allocator wrapped.
+bool dlVector::createVector(long long len, int align, void* object) {
+    long long bytes = 0;
+    if (__builtin_mul_overflow(len, (long long)item(m_func), &bytes)) {
+        deleteVector();
+        refuseSize(len, item(m_func));
+        return false;
+    }
+    if (!allocateVector(bytes, align, object)) return false;
+    m_len = (int)len;
     setConst();
     return true;
 }
 
-bool dlVector::createVector(int len, SetMode mode, double a, double b) {
+bool dlVector::createVector(long long len, SetMode mode, double a, double b) {
     if (!createVector(len, -1)) return false;
     setVector(mode, a, b);
     return true;
 }
 
-bool dlVector::createVectorExt(int len, int ignored, SetMode mode, double a, double b) {
+bool dlVector::createVectorExt(long long len, int ignored, SetMode mode, double a, double b) {
     (void)ignored;
     return createVector(len, mode, a, b);
 }
@@ -277,11 +311,11 @@ void dlVector::setIndex(int index, SetMode mode, double a, double b) {
 }
 
 void* dlVector::getPointerAt(int index) {
-    return m_data ? (char*)m_data + index * item(m_func) : 0;
+    return m_data ? (char*)m_data + (ptrdiff_t)index * item(m_func) : 0;
 }
 
 const void* dlVector::getPointerAt(int index) const {
-    return m_data ? (const char*)m_data + index * item(m_func) : 0;
+    return m_data ? (const char*)m_data + (ptrdiff_t)index * item(m_func) : 0;
 }
 
 void dlVector::getElement(const void* p, double& re, double& im) const {
@@ -369,7 +403,8 @@ dlrMatrice::~dlrMatrice() {
 }
 
 int dlrMatrice::objectSize() const {
-    return m_rows * m_cols * item(m_func);
+    long long bytes = (long long)m_rows * m_cols * item(m_func);
+    return bytes > dlMaxBufferBytes() ? (int)dlMaxBufferBytes() : (int)bytes;
 }
 
 kvString dlrMatrice::objectInfo() const {
@@ -378,15 +413,28 @@ kvString dlrMatrice::objectInfo() const {
     return s;
 }
 
+// Rows, row table and stride are sized in 64 bits; a stride or a block that
+// does not fit an int is refused with the memory error line of its bytes.
 bool dlrMatrice::createMatrice(int rows, int cols, int stride, int align) {
     deleteMatrice();
     m_rows = rows;
     m_cols = cols;
-    m_stride = stride < 1 ? (cols * item(m_func) + 15) & ~15 : stride;
-    m_rowArray = (void**)kvMalloc(rows * (int)sizeof(void*), 0, 0, 0);
+    long long rowBytes = stride < 1 ? ((long long)cols * item(m_func) + 15) & ~15LL : stride;
+    if (rowBytes > INT_MAX) {
+        refuseSize(rows, rowBytes);
+        return false;
+    }
+    m_stride = (int)rowBytes;
+    long long tableBytes = (long long)rows * (long long)sizeof(void*);
+    if (tableBytes < 0 || tableBytes > dlMaxBufferBytes()) {
+        refuseSize(rows, sizeof(void*));
+        return false;
+    }
+    m_rowArray = (void**)kvMalloc((int)tableBytes, 0, 0, 0);
     if (!m_rowArray) return false;
-    if (!allocateVector(rows * m_stride, align, static_cast<kvObject*>(this))) return false;
-    for (int i = 0; i < rows; ++i) m_rowArray[i] = (char*)m_data + i * m_stride;
+    if (!allocateVector((long long)rows * m_stride, align, static_cast<kvObject*>(this)))
+        return false;
+    for (int i = 0; i < rows; ++i) m_rowArray[i] = (char*)m_data + (ptrdiff_t)i * m_stride;
     m_rowPtr.set(m_type, m_rowArray);
     return true;
 }
@@ -432,11 +480,12 @@ void dlrMatrice::setRandom(double low, double high) {
 }
 
 void dlrMatrice::setMatriceAt(int row, int col, double re, double im) {
-    if (m_rowArray) setDataConst((char*)m_rowArray[row] + col * item(m_func), 1, re, im);
+    if (m_rowArray) setDataConst((char*)m_rowArray[row] + (ptrdiff_t)col * item(m_func), 1, re, im);
 }
 
 void dlrMatrice::getMatriceAt(int row, int col, double& re, double& im) const {
-    if (m_rowArray) getElement((const char*)m_rowArray[row] + col * item(m_func), re, im);
+    if (m_rowArray)
+        getElement((const char*)m_rowArray[row] + (ptrdiff_t)col * item(m_func), re, im);
 }
 
 double dlrMatrice::getMatriceAt(int row, int col) const {

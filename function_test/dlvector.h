@@ -25,6 +25,13 @@ enum {
     SET_SEQUENCE = 7   // ascending from the first to the second argument
 };
 
+// The largest buffer of one vector or matrix: its size is an int wherever
+// the framework records it.
+long long dlMaxBufferBytes();
+
+// a * b in 64 bits, for element counts formed from two parameters.
+inline long long dlProduct(int a, int b) { return (long long)a * b; }
+
 template <class T, int Depth>
 struct dlPointerTo {
     typedef typename dlPointerTo<T, Depth - 1>::type* type;
@@ -129,10 +136,13 @@ public:
     void init(const dlFunc& func, int n);
     void init(const dlFunc& func, dlArg arg);
 
-    bool createVector(int len, int align);
-    bool createVector(int len, int align, void* object);
-    bool createVector(int len, SetMode mode, double a, double b);
-    bool createVectorExt(int len, int ignored, SetMode mode, double a, double b);
+    // The length is taken in 64 bits, so that a caller may pass a product
+    // such as rows times stride without wrapping it; a buffer beyond
+    // dlMaxBufferBytes() is refused with the memory error line.
+    bool createVector(long long len, int align);
+    bool createVector(long long len, int align, void* object);
+    bool createVector(long long len, SetMode mode, double a, double b);
+    bool createVectorExt(long long len, int ignored, SetMode mode, double a, double b);
 
     // Bytes of one element of the function's first type.
     static int item(const dlFunc& func);
@@ -188,7 +198,10 @@ public:
     static unsigned int m_seed;
 
 protected:
-    bool allocateVector(int size, int align, void* object);
+    bool allocateVector(long long size, int align, void* object);
+    // The memory error line for a request of `count` elements of `item`
+    // bytes, with the exact product even where it passes 64 bits.
+    static void refuseSize(long long count, long long item);
     const dlTypeOps* ops() const { return dlFindType(m_type); }
     bool isFloat() const { return (m_type & DL_TYPE_FLOAT) != 0; }
     double defaultMagnitude() const;

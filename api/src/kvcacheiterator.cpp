@@ -41,11 +41,13 @@ void kvCacheIterator::outputInfo() const {
     if (g_ostrm.getOutLevel() < PERF) g_ostrm << ERR << m_info << endMsg;
 }
 
+// Summed in 64 bits: a few blocks near the int limit would wrap the sum to a
+// size that looks small enough. A total past the int range reads as INT_MAX.
 int kvCacheIterator::getTotalSize() const {
-    int total = 0;
+    long long total = 0;
     int size = 0;
     for (void* p = kvMallocFirst(&size, 0); p; p = kvMallocNext(&size, 0)) total += size;
-    return total;
+    return total > INT_MAX ? INT_MAX : (int)total;
 }
 
 int kvCacheIterator::getObjectSize() const {

@@ -22,6 +22,18 @@ kvIniFile::kvIniFile() : m_update(false) {}
 
 kvIniFile::~kvIniFile() { close(); }
 
+// Index keys: a section by its name, an item by its section and its name.
+// Names are compared as zero-terminated texts, as kvString's == does.
+static std::string sectionKey(const kvString& name) {
+    return std::string(name.c_str());
+}
+
+static std::string itemKey(const kvSectionItem* section, const kvString& name) {
+    std::string key(reinterpret_cast<const char*>(&section), sizeof section);
+    key += name.c_str();
+    return key;
+}
+
 bool kvIniFile::open(kvString name, bool update) {
     m_update = update;
     m_fileName = name;
@@ -54,6 +66,12 @@ void kvIniFile::close() {
         delete *s;
     }
     m_sections.clear();
+    clearIndex();
+}
+
+void kvIniFile::clearIndex() {
+    m_sectionIndex.clear();
+    m_itemIndex.clear();
 }
 
 void kvIniFile::updateFile() {
@@ -103,16 +121,17 @@ bool kvIniFile::getValue(kvString line, kvString& name, kvString& value) {
 }
 
 // Nothing is rejected: a line without "=" is a bare key, and a value line
-// before the first section is ignored.
-void kvIniFile::parseLine(kvString line, kvSectionItem*& current) {
+// before the first section is ignored. The line is cut in place: it may be
+// megabytes long, and each copy of it would cost its length once more.
+void kvIniFile::parseLine(kvString& line, kvSectionItem*& current) {
     int comment = line.find("//");
-    if (comment >= 0) line = line.substr(0, comment);
+    if (comment >= 0) line.resize(comment, 0);
     line.trim();
     if (line.empty()) return;
 
     kvString name, value;
-    if (getSection(line, name)) {
-        current = m_sections.exist(name);
+    if (line.find("[") >= 0 && getSection(line, name)) {
+        current = findSection(name);
         if (!current) current = addSection(name);
         return;
     }
@@ -120,55 +139,68 @@ void kvIniFile::parseLine(kvString line, kvSectionItem*& current) {
     getValue(line, name, value);
     name.trim();
     value.trim();
-    kvValueItem* item = current->values->exist(name);
+    kvValueItem* item = findItem(current, name);
     if (item) {
         item->value = value;
         return;
     }
-    item = new kvValueItem;
-    item->name = name;
-    item->value = value;
-    current->values->insert(current->values->end(), item);
+    setItem(current, name, value, "");
 }
 
 kvSectionItem* kvIniFile::addSection(const kvString& name) {
     kvSectionItem* section = new kvSectionItem;
     section->name = name;
     section->values = new kvValues;
-    m_sections.insert(m_sections.end(), section);
+    m_sectionIndex[sectionKey(name)] = m_sections.insert(m_sections.end(), section);
     return section;
 }
 
-bool kvIniFile::sectionExist(kvString section) const { return m_sections.exist(section) != 0; }
+kvSectionItem* kvIniFile::findSection(const kvString& name) const {
+    auto it = m_sectionIndex.find(sectionKey(name));
+    return it == m_sectionIndex.end() ? 0 : *it->second;
+}
+
+kvValueItem* kvIniFile::findItem(const kvSectionItem* section, const kvString& name) const {
+    auto it = m_itemIndex.find(itemKey(section, name));
+    return it == m_itemIndex.end() ? 0 : *it->second;
+}
+
+// Appends a new item to the section.
+void kvIniFile::setItem(kvSectionItem* section, const kvString& name, const kvString& value,
+                        const kvString& comment) {
+    kvValueItem* item = new kvValueItem;
+    item->name = name;
+    item->value = value;
+    item->comment = comment;
+    m_itemIndex[itemKey(section, name)] = section->values->insert(section->values->end(), item);
+}
+
+bool kvIniFile::sectionExist(kvString section) const { return findSection(section) != 0; }
 
 bool kvIniFile::valueExist(kvString section, kvString name) const {
-    kvSectionItem* s = m_sections.exist(section);
-    return s && s->values->exist(name);
+    kvSectionItem* s = findSection(section);
+    return s && findItem(s, name);
 }
 
 kvString kvIniFile::read(kvString section, kvString name, kvString def) const {
     name.trim();
-    kvSectionItem* s = m_sections.exist(section);
+    kvSectionItem* s = findSection(section);
     if (!s) return def;
-    kvValueItem* item = s->values->exist(name);
+    kvValueItem* item = findItem(s, name);
     return item ? item->value : def;
 }
 
 void kvIniFile::write(kvString section, kvString name, kvString value, kvString comment) {
-    kvSectionItem* s = m_sections.exist(section);
+    kvSectionItem* s = findSection(section);
     if (!s) s = addSection(section);
     name.trim();
     if (name.empty()) return;
-    kvValueItem* item = s->values->exist(name);
+    kvValueItem* item = findItem(s, name);
     if (item) {
         item->value = value;
         return;
     }
-    item = new kvValueItem;
-    item->name = name;
-    item->value = value;
-    item->comment = comment;
-    s->values->insert(s->values->end(), item);
+    setItem(s, name, value, comment);
 }
 
 void kvIniFile::write(kvString section, kvString name) { write(section, name, KV_BARE_KEY, ""); }
@@ -176,33 +208,34 @@ void kvIniFile::write(kvString section, kvString name) { write(section, name, KV
 void kvIniFile::write(kvString section) { write(section, "", "", ""); }
 
 kvValues* kvIniFile::getSectionValues(kvString section) const {
-    kvSectionItem* s = m_sections.exist(section);
+    kvSectionItem* s = findSection(section);
     return s ? s->values : 0;
 }
 
 void kvIniFile::eraseSection(kvString section) {
-    for (kvSections::iterator s = m_sections.begin(); s != m_sections.end(); ++s) {
-        if (!((*s)->name == section)) continue;
-        kvValues* values = (*s)->values;
-        for (kvValues::iterator v = values->begin(); v != values->end(); ++v) delete *v;
-        values->clear();
-        delete values;
-        delete *s;
-        m_sections.erase(s);
-        return;
+    auto found = m_sectionIndex.find(sectionKey(section));
+    if (found == m_sectionIndex.end()) return;
+    kvSections::iterator s = found->second;
+    kvValues* values = (*s)->values;
+    for (kvValues::iterator v = values->begin(); v != values->end(); ++v) {
+        m_itemIndex.erase(itemKey(*s, (*v)->name));
+        delete *v;
     }
+    values->clear();
+    delete values;
+    delete *s;
+    m_sections.erase(s);
+    m_sectionIndex.erase(found);
 }
 
 void kvIniFile::deleteKey(kvString section, kvString name) {
-    kvValues* values = getSectionValues(section);
-    if (!values) return;
-    for (kvValues::iterator v = values->begin(); v != values->end(); ++v) {
-        if ((*v)->name == name) {
-            delete *v;
-            values->erase(v);
-            return;
-        }
-    }
+    kvSectionItem* s = findSection(section);
+    if (!s) return;
+    auto found = m_itemIndex.find(itemKey(s, name));
+    if (found == m_itemIndex.end()) return;
+    delete *found->second;
+    s->values->erase(found->second);
+    m_itemIndex.erase(found);
 }
 
 // ---------------------------------------------------------------- kvDataList

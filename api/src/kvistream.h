@@ -3,6 +3,9 @@
 #ifndef KV_ISTREAM_H
 #define KV_ISTREAM_H
 
+#include <string>
+#include <unordered_map>
+
 #include "kvstream.h"
 
 // Value of a bare key (a line without "=").
@@ -56,12 +59,22 @@ public:
     const kvString& getFileName() const { return m_fileName; }
 
 private:
-    void parseLine(kvString line, kvSectionItem*& current);
+    void parseLine(kvString& line, kvSectionItem*& current);
     kvSectionItem* addSection(const kvString& name);
+    kvSectionItem* findSection(const kvString& name) const;
+    kvValueItem* findItem(const kvSectionItem* section, const kvString& name) const;
+    void setItem(kvSectionItem* section, const kvString& name, const kvString& value,
+                 const kvString& comment);
+    void clearIndex();
 
     kvString m_fileName;
     kvSections m_sections;
     bool m_update;
+    // Indexes of the two lists, so that reading a file costs time linear in
+    // its size however many sections and items it holds. Items are keyed by
+    // their section's address and their name.
+    std::unordered_map<std::string, kvSections::iterator> m_sectionIndex;
+    std::unordered_map<std::string, kvValues::iterator> m_itemIndex;
 };
 
 struct kvData {

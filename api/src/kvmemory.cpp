@@ -1,5 +1,6 @@
 #include "kvmemory.h"
 
+#include <climits>
 #include <cstdint>
 #include <cstdlib>
 
@@ -33,13 +34,20 @@ static const int RAW_SPARE = 256;
 static const int RAW_OFFSET = 192;
 static const int RAW_SLOT = 128;
 
-void* kv_malloc(int size) {
-    if (size < 0) return 0;
-    char* buf = (char*)malloc((size_t)size + RAW_SPARE);
+long long kvMaxBlockSize() { return INT_MAX; }
+
+// The spare bytes are added in size_t, so no size near the int limit wraps.
+static void* rawMalloc(size_t size) {
+    char* buf = (char*)malloc(size + RAW_SPARE);
     if (!buf) return 0;
     char* p = (char*)(((uintptr_t)buf + RAW_OFFSET) & ~(uintptr_t)63);
     *(void**)(p - RAW_SLOT) = buf;
     return p;
+}
+
+void* kv_malloc(int size) {
+    if (size < 0) return 0;
+    return rawMalloc((size_t)size);
 }
 
 void kv_free(void* p) {
@@ -56,7 +64,10 @@ static void* getAlignedPtr(void* ptr, int align) {
 
 void* kv_malloc(void*& address, int size, int align, int shift) {
     int a = align % 64;
-    address = kv_malloc(size + shift + a + 64);
+    long long total = (long long)size + shift + a + 64;
+    address = 0;
+    if (size < 0 || total < 0) return 0;
+    address = rawMalloc((size_t)total);
     if (!address) return 0;
     return getAlignedPtr((char*)address + shift, a);
 }

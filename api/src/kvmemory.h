@@ -48,6 +48,9 @@ public:
     iterator next;
 };
 
+// The largest block kvMalloc records: its size is an int in the record.
+long long kvMaxBlockSize();
+
 // Raw allocation on a 64-byte boundary; the raw pointer lives in front of it.
 void* kv_malloc(int size);
 // Positioned `shift + align % 64` bytes behind a 64-byte boundary; the raw
@@ -55,7 +58,8 @@ void* kv_malloc(int size);
 void* kv_malloc(void*& address, int size, int align, int shift);
 void kv_free(void* p);
 
-// Allocates and records a block; null (and a memory error line) on failure.
+// Allocates and records a block; null (and a memory error line) on failure,
+// also for a negative size.
 void* kvMalloc(int size, int align, int shift, void* object);
 void* kvMalloc(void*& ptr, int size, int align, int shift);
 // Frees a block of kvMalloc; pointers it did not give are ignored.

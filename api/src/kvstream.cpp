@@ -58,8 +58,10 @@ bool getlinebuf(FILE* f, char* buffer, int size, bool& eof) {
     return n != size - 1;
 }
 
+// The line keeps its buffer from one line to the next: emptied in place it
+// costs no allocation, and a long line grows by doubling.
 bool i_stream::getline(kvString& line) {
-    line = "";
+    line.resize(0, 0);
     if (!m_file) return false;
     char buffer[512];
     bool eof = false;

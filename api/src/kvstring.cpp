@@ -1,6 +1,7 @@
 #include "kvstring.h"
 
 #include <cctype>
+#include <climits>
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
@@ -44,19 +45,23 @@ void kvString::free() {
     m_cap = 0;
 }
 
+// The capacity at least doubles when it must grow, so that a text built
+// piece by piece costs time linear in its length; doubling keeps it a
+// multiple of 16.
 void kvString::growBy(int n) {
     int newLen = m_len + n;
-    if (newLen >= m_cap) {
-        char* old = m_buf;
-        int oldLen = m_len;
-        m_buf = 0;
-        m_cap = 0;
-        allocate(newLen);
-        if (old) memcpy(m_buf, old, oldLen + 1);
-        ::free(old);
-    } else {
+    if (newLen < m_cap) {
         m_len = newLen;
+        return;
     }
+    int cap = getBufSize(newLen);
+    if (m_cap <= INT_MAX / 2 && 2 * m_cap > cap) cap = 2 * m_cap;
+    char* buf = (char*)calloc(cap, 1);
+    if (m_buf) memcpy(buf, m_buf, m_len + 1);
+    ::free(m_buf);
+    m_buf = buf;
+    m_cap = cap;
+    m_len = newLen;
 }
 
 kvString& kvString::assign(char c) {

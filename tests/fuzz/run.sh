@@ -17,6 +17,12 @@
 # $FUZZ_BUILD_DIR/artifacts/<target>/ and can be replayed by passing that file
 # to the target binary. One summary line is printed per target; the exit code
 # is 1 when any target found something.
+#
+# The ini target also runs on two generated seeds of 4 MB (250,000 sections,
+# one long line), which it only reads, with a per-input limit of 30 seconds:
+# read in linear time such a file takes a few seconds in this build, while a
+# reader that searches its sections one by one takes hours, and the limit
+# turns that into a finding.
 set -u -o pipefail
 
 ROOT=$(cd "$(dirname "$0")/../.." && pwd)
@@ -34,12 +40,34 @@ esac
 command -v "$CXX" >/dev/null || { echo "$CXX not found (apt-get install clang-14 libclang-rt-14-dev)" >&2; exit 2; }
 
 # The longest input of each target: a .cfg line is read up to 1023
-# characters, an ini file is read in 512-byte pieces, a value is one line.
+# characters, a value is one line; an ini file may be megabytes.
 max_len() {
   case "$1" in
     fuzz_cmdline) echo 2048 ;;
-    fuzz_ini) echo 8192 ;;
+    fuzz_ini) echo 4194304 ;;
     fuzz_iterator) echo 256 ;;
+  esac
+}
+
+# Seconds one input may take before it counts as a finding.
+time_limit() {
+  case "$1" in
+    fuzz_ini) echo 30 ;;
+    *) echo 10 ;;
+  esac
+}
+
+# Large seeds are made here rather than kept in the tree.
+large_seeds() {
+  local dir="$BUILD/seeds-large/$1"
+  case "$1" in
+    fuzz_ini)
+      mkdir -p "$dir"
+      [ -f "$dir/sections.ini" ] || awk 'BEGIN { for (i = 0; i < 300000; i++) printf "[s%06d]\nk=%d\n", i, i }' \
+        | head -c 4000000 > "$dir/sections.ini"
+      [ -f "$dir/line.ini" ] || { printf '[Kelvar System]\nlong='; head -c 4000000 /dev/zero | tr '\0' v; printf '\n'; } \
+        > "$dir/line.ini"
+      echo "$dir" ;;
   esac
 }
 
@@ -91,6 +119,8 @@ for t in "${TARGETS[@]}"; do
   mkdir -p "$corpus" "$artifacts"
   seeds=()
   [ -d "$FUZZ_DIR/seeds/$t" ] && seeds=("$FUZZ_DIR/seeds/$t")
+  large=$(large_seeds "$t")
+  [ -n "$large" ] && seeds+=("$large")
   echo "running $t for ${SECONDS_EACH}s (log: $log)"
   start=$(date +%s)
   # The working corpus comes first: new inputs go there, never into the seeds.
@@ -98,7 +128,7 @@ for t in "${TARGETS[@]}"; do
   ASAN_OPTIONS=${ASAN_OPTIONS:-quarantine_size_mb=64:malloc_context_size=8} \
   UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1} \
   "$BUILD/$t" "$corpus" "${seeds[@]}" \
-    -max_total_time="$SECONDS_EACH" -max_len="$(max_len "$t")" -timeout=10 \
+    -max_total_time="$SECONDS_EACH" -max_len="$(max_len "$t")" -timeout="$(time_limit "$t")" \
     -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$artifacts/" >"$log" 2>&1
   rc=$?
   elapsed=$(( $(date +%s) - start ))

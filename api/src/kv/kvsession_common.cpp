@@ -92,6 +92,10 @@ int kvSession::readTimingMethod() {
         startLoops.fromIStream(g_istrm);
         stopLoops.fromIStream(g_istrm);
         g_tool.setMethodBest(startLoops.value(), stopLoops.value(), clocks);
+        if (startLoops.value() > g_tool.m_startLoops || stopLoops.value() > g_tool.m_maxLoops)
+            g_ostrm << WARN << "-- Loop counts held to their limits: StartNumLoops="
+                    << g_tool.m_startLoops << " StopNumLoops=" << g_tool.m_maxLoops << "\n"
+                    << endMsg;
         break;
     }
     default:

@@ -1,5 +1,6 @@
 #include "kvtool.h"
 
+#include <climits>
 #include <vector>
 
 #include "../kvfpstate.h"
@@ -113,10 +114,20 @@ void kvTool::setMethodStat(int calls, long long clocks) {
     m_statClocks = clocks;
 }
 
+int kvTool::loopProduct(long long a, long long b) {
+    long long p = a * b;   // both factors are ints, so this cannot overflow
+    return p > MAX_LOOPS ? MAX_LOOPS : (int)p;
+}
+
+// The stop stays at least eight times the start, also at the limit: the
+// start is held to an eighth of it.
 void kvTool::setMethodBest(int start, int max, long long clocks) {
     m_method = KV_METHOD_ITERATIVE;
+    if (start > MAX_LOOPS / 8) start = MAX_LOOPS / 8;
     m_startLoops = start > 1 ? start : 1;
-    m_maxLoops = 8 * start > max ? 8 * start : max;
+    int least = loopProduct(8, start);
+    if (max > MAX_LOOPS) max = MAX_LOOPS;
+    m_maxLoops = least > max ? least : max;
     m_minClocks = clocks;
 }
 
@@ -356,9 +367,10 @@ kvResult kvTool::timCall_Stat(int* calls, long long* clocks, bool reset) {
     m_funcCall();
 
     // The ticker sums the brackets; its first on() starts the sum at zero.
+    // The count stops at the int limit, whatever clock sum was asked for.
     kvCpuTicker ticker;
     int count = 0;
-    while (!(count >= *calls && ticker.getTicks() >= *clocks)) {
+    while (!(count >= *calls && ticker.getTicks() >= *clocks) && count < INT_MAX) {
         if (m_funcInit) m_funcInit();
         ticker.on();
         if (reset) kvTest::resetAllVectors();
@@ -378,7 +390,7 @@ kvResult kvTool::timCall_Stat(int* calls, long long* clocks, bool reset) {
 // Methods
 
 void kvTool::customLoopTiming() {
-    kvString text;
+    kvString& text = m_text;
     text << "    Manual method: \n"
          << "        numLoops   = " << m_loopNum << "\n";
     writeInfo(text);
@@ -395,7 +407,7 @@ void kvTool::customLoopTiming() {
 
 void kvTool::statisticTiming() {
     int n = m_statCalls;
-    kvString text;
+    kvString& text = m_text;
     text << "    Statistical method:\n"
          << "        minCalls   = " << m_statCalls << "\n"
          << "        maxClocks  = " << clockStr(m_statClocks) << "\n";
@@ -428,8 +440,12 @@ kvResult kvTool::startIterations(int loops, long long minClocks) {
 
 kvResult kvTool::continueIterations(int startLoops, int maxLoops) {
     double prev = m_funcClocks;
-    m_numLoops = startLoops < maxLoops ? startLoops : maxLoops;
-    while (m_numLoops <= maxLoops) {
+    if (maxLoops > MAX_LOOPS) maxLoops = MAX_LOOPS;
+    // The count doubles in 64 bits: the doubling past a limit near the top of
+    // the int range must not wrap.
+    long long loops = startLoops < maxLoops ? startLoops : maxLoops;
+    while (loops <= maxLoops) {
+        m_numLoops = (int)loops;
         KV_TRACED("runTimFunc", runTimFunc(m_numLoops, &m_funcClocks));
         if (!(m_funcClocks > 0)) return KV_ACCURFAIL;
         m_achieved = computeAccuracy(m_funcClocks, prev);
@@ -441,22 +457,23 @@ kvResult kvTool::continueIterations(int startLoops, int maxLoops) {
         }
         if (m_achieved <= m_accuracy) return KV_OK;
         prev = m_funcClocks;
-        m_numLoops *= 2;
+        loops *= 2;
     }
-    m_numLoops /= 2;
+    m_numLoops = (int)(loops / 2);
     return KV_ACCURWRN;
 }
 
 kvResult kvTool::repeatTiming(int loops, int count) {
-    std::vector<double> figures(count);
+    std::vector<double>& figures = m_figures;
+    figures.assign(count > 0 ? count : 0, 0.0);
     int first = 0;
-    if (loops == m_numLoops) {
+    if (loops == m_numLoops && count > 0) {
         figures[0] = m_funcClocks;
         first = 1;
     }
     m_numLoops = loops;
 
-    kvString text;
+    kvString& text = m_text;
     for (int i = first; i < count; ++i) {
         KV_TRACED("runTimFunc", runTimFunc(m_numLoops, &figures[i]));
         text << "        numLoops   = " << m_numLoops << "\n"
@@ -482,7 +499,7 @@ void kvTool::bestTiming(int start, int maxLoops, long long minClocks) {
     const int factor = kvCpuTicker::getClockFactor();
     m_checkBadStatus = m_ibsMode;
 
-    kvString text;
+    kvString& text = m_text;
     text << "    Auto method: start\n"
          << "        minClocks  = " << clockStr(minClocks) << "\n";
     writeInfo(text);
@@ -512,13 +529,13 @@ void kvTool::bestTiming(int start, int maxLoops, long long minClocks) {
             failed = true;
             break;
         }
-        start *= 10;
-        maxLoops *= 10;
+        start = loopProduct(start, 10);
+        maxLoops = loopProduct(maxLoops, 10);
     }
 
     bool badStatus = false;
     if (!failed && m_numLoops < maxLoops) {
-        int next = 4 * m_numLoops;
+        int next = loopProduct(4, m_numLoops);
         for (;;) {
             text << "    Iteration Measurement: \n"
                  << "        startLoops = " << next << "\n"
@@ -537,8 +554,8 @@ void kvTool::bestTiming(int start, int maxLoops, long long minClocks) {
                     failed = true;
                     break;
                 }
-                next *= 10;
-                maxLoops *= 10;
+                next = loopProduct(next, 10);
+                maxLoops = loopProduct(maxLoops, 10);
             } else if (r == KV_BADSTSWRN) {
                 badStatus = true;
                 break;
@@ -550,7 +567,7 @@ void kvTool::bestTiming(int start, int maxLoops, long long minClocks) {
                 writeInfo(text);
                 r = repeatTiming(m_numLoops, 3);
                 if (r != KV_ACCURWRN) break;
-                next = 4 * m_numLoops;
+                next = loopProduct(4, m_numLoops);
             }
             if (m_numLoops >= maxLoops) break;
         }

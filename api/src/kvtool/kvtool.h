@@ -3,6 +3,8 @@
 #ifndef KV_TOOL_H
 #define KV_TOOL_H
 
+#include <vector>
+
 #include "../kvresult.h"
 #include "../kvstring.h"
 
@@ -24,6 +26,15 @@ class kvTool {
 public:
     kvTool();
     virtual ~kvTool() {}
+
+    // The highest loop count of a measurement. The search multiplies counts
+    // by 2, 4 and 10; it does so in 64 bits and stops at this limit, so no
+    // user setting makes a count wrap. Sixteen million calls in one bracket
+    // already hold hundreds of millions of clocks for the cheapest function;
+    // more would only make a run take hours.
+    static constexpr int MAX_LOOPS = 1 << 24;
+    // a * b, held to MAX_LOOPS.
+    static int loopProduct(long long a, long long b);
 
     void reset();
     void setMethodAuto();
@@ -82,6 +93,14 @@ public:
     funcInit m_funcInit;
 
     static int m_priority;
+
+private:
+    // Scratch of the methods: the text of the next information message and
+    // the figures of repeatTiming. They live in the object, not in the
+    // frames of the search, because a fault in the measured function jumps
+    // over those frames without running their destructors.
+    kvString m_text;
+    std::vector<double> m_figures;
 };
 
 // The session's master tool; each test copies it at the start of its run.
