@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
 using ::testing::Not;
 
 namespace {
@@ -63,22 +64,15 @@ TEST_F(AddNRowsRun, PerformanceTableHasOneRowPerGridPoint) {
     for (int col = 20; col <= 30; ++col)
         for (int rows1 = 36; rows1 <= 40; ++rows1)
             for (int offset = 4; offset <= 16; offset += 4, ++row) {
+                const std::string point = "vdlsAddNRows,32f,D2," + std::to_string(col) + ",50," +
+                                          std::to_string(rows1) + "," + std::to_string(offset);
+                // On a busy machine the loop count may come with the accuracy reached.
+                EXPECT_THAT(ls[row],
+                            MatchesRegex(point + ",-,-,nLps=[0-9]+( acc=[0-9.]+%)?,[^,]+,e,[^,]+,-"));
                 std::vector<std::string> c = cells(ls[row]);
                 ASSERT_EQ(14u, c.size()) << ls[row];
-                EXPECT_EQ("vdlsAddNRows", c[0]);
-                EXPECT_EQ("32f", c[1]);
-                EXPECT_EQ("D2", c[2]);
-                EXPECT_EQ(std::to_string(col), c[3]);
-                EXPECT_EQ("50", c[4]);
-                EXPECT_EQ(std::to_string(rows1), c[5]);
-                EXPECT_EQ(std::to_string(offset), c[6]);
-                EXPECT_EQ("-", c[7]);
-                EXPECT_EQ("-", c[8]);
-                EXPECT_TRUE(startsWith(c[9], "nLps=")) << c[9];
-                EXPECT_GT(std::stod(c[10]), 0.0);
-                EXPECT_EQ("e", c[11]);
-                EXPECT_GT(std::stod(c[12]), 0.0);
-                EXPECT_EQ("-", c[13]);
+                EXPECT_GT(std::stod(c[10]), 0.0) << ls[row];  // clocks per element
+                EXPECT_GT(std::stod(c[12]), 0.0) << ls[row];  // microseconds
             }
 }
 
@@ -100,19 +94,9 @@ TEST_F(AddNRowsRun, SummaryTableEndsWithTheCounts) {
     EXPECT_EQ("Function,Class,Control87,Status87,ControlSSX,StatusSSX,Test,Time (sec.),SrcName,"
               "Result,ExeName",
               ls[header]);
-    std::vector<std::string> row = cells(ls[header + 1]);
-    ASSERT_EQ(11u, row.size());
-    EXPECT_EQ("vdlsAddNRows_32f_D2", row[0]);
-    EXPECT_EQ("Timing", row[1]);
-    EXPECT_EQ("-", row[2]);
-    EXPECT_EQ("-", row[3]);
-    EXPECT_EQ("-", row[4]);
-    EXPECT_EQ("-", row[5]);
-    EXPECT_EQ("TimAddNRow", row[6]);
-    EXPECT_GE(std::stoi(row[7]), 0);
-    EXPECT_EQ("p_addnrow_au", row[8]);
-    EXPECT_EQ("OK", row[9]);
-    EXPECT_EQ("kelvar", row[10]);
+    // The time in whole seconds is the one cell that varies.
+    EXPECT_THAT(ls[header + 1], MatchesRegex("vdlsAddNRows_32f_D2,Timing,-,-,-,-,TimAddNRow,[0-9]+,"
+                                             "p_addnrow_au,OK,kelvar"));
     ASSERT_EQ("END_DATA", ls[header + 2]);
     const char* labels[] = {".Number of tests,1", ".Successes      ,1", ".Failures       ,0",
                             "...Fails        ,0", ".....-FAIL      ,0", ".....-EXCPTFAIL ,0",

@@ -132,42 +132,40 @@ TEST(VdlCoresDetect, FromFunctionFourOrExtendedCount)
     EXPECT_EQ(vdl::coresOnDie(vdl::CpuidView(RecordedCpuid(2, 0))), 1);
 }
 
-TEST(VdlTypeDetect, AvxNeedsTheStateSavedByTheOs)
+// The wide levels need their instructions and the state saved by the
+// operating system (XCR0): AVX the YMM state, the 512-bit sets also the
+// opmask and upper halves; the 256-bit path also needs fused multiply-add.
+TEST(VdlTypeDetect, WideLevelsNeedTheirSetsAndTheStateSavedByTheOs)
 {
-    RecordedCpuid cpu(7, 0x80000001u);
     const unsigned edx = (1u << 23) | (1u << 25) | (1u << 26);
     const unsigned ecx = 1u | (1u << 9) | (1u << 19) | (1u << 20) | (1u << 27) | (1u << 28);
-    cpu.set(1, 0, {0, 0, ecx, edx});
-    cpu.set(7, 0, {0, 1u << 5, 0, 0});
-    cpu.m_xcr0 = 0x3;  // XMM saved, YMM not
-    const unsigned features = vdl::detectFeatures(vdl::CpuidView(cpu));
-    EXPECT_EQ(vdl::classify(features), vdlCpuSse42);
+    const unsigned fma = 1u << 12, avx2 = 1u << 5;
+    const unsigned sets512 = (1u << 16) | (1u << 17) | (1u << 30) | (1u << 31);
+    const struct {
+        unsigned ecx, leaf7, xcr0;
+        VdlCpuType type;
+    } cases[] = {
+        {ecx, avx2, 0x3, vdlCpuSse42},  // XMM saved, YMM not
+        {ecx, avx2, 0x7, vdlCpuAvx},
+        {ecx | fma, avx2, 0x7, vdlCpuAvx2},
+        {ecx | fma, avx2 | sets512, 0x7, vdlCpuAvx2},
+        {ecx | fma, avx2 | sets512, 0xE7, vdlCpuAvx512},
+        {ecx | fma, avx2 | (sets512 & ~(1u << 30)), 0xE7, vdlCpuAvx2},  // no BW
+    };
+    for (const auto& c : cases) {
+        RecordedCpuid cpu(7, 0x80000001u);
+        cpu.set(1, 0, {0, 0, c.ecx, edx});
+        cpu.set(7, 0, {0, c.leaf7, 0, 0});
+        cpu.m_xcr0 = c.xcr0;
+        EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), c.type)
+            << std::hex << c.ecx << " " << c.leaf7 << " " << c.xcr0;
+    }
     unsigned need = 0;
     ASSERT_TRUE(vdl::requiredFeatures(vdlCpuNextAvx, &need));
-    EXPECT_FALSE(vdl::hasAll(features, need));
-
-    cpu.m_xcr0 = 0x7;
-    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx);
-    // The 256-bit path needs fused multiply-add beside AVX2.
-    cpu.set(1, 0, {0, 0, ecx | (1u << 12), edx});
-    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx2);
-}
-
-TEST(VdlTypeDetect, Vec512NeedsFourSetsAndTheUpperStateSaved)
-{
-    RecordedCpuid cpu(7, 0x80000001u);
-    const unsigned edx = (1u << 23) | (1u << 25) | (1u << 26);
-    const unsigned ecx = 1u | (1u << 9) | (1u << 12) | (1u << 19) | (1u << 20) | (1u << 27) |
-                         (1u << 28);
-    const unsigned sets = (1u << 16) | (1u << 17) | (1u << 30) | (1u << 31);
-    cpu.set(1, 0, {0, 0, ecx, edx});
-    cpu.set(7, 0, {0, (1u << 5) | sets, 0, 0});
-    cpu.m_xcr0 = 0x7;  // opmask and upper halves not saved
-    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx2);
-    cpu.m_xcr0 = 0xE7;
-    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx512);
-    cpu.set(7, 0, {0, (1u << 5) | (sets & ~(1u << 30)), 0, 0});  // no BW
-    EXPECT_EQ(vdl::classify(vdl::detectFeatures(vdl::CpuidView(cpu))), vdlCpuAvx2);
+    RecordedCpuid noYmm(7, 0x80000001u);
+    noYmm.set(1, 0, {0, 0, ecx, edx});
+    noYmm.m_xcr0 = 0x3;
+    EXPECT_FALSE(vdl::hasAll(vdl::detectFeatures(vdl::CpuidView(noYmm)), need));
 }
 
 TEST(VdlTypeDetect, EachTypeRunsTheWidestPathItsExtensionsAllow)

@@ -35,38 +35,26 @@ int cmp(const char* a, const char* b) { return sign(dlFunc(a).compare(dlFunc(b))
 }  // namespace
 
 TEST(DlFuncGrammar, SplitsPrefixBaseTypesAndDescriptor) {
-    Parts vq = parts("vdlsVQ_16s");
-    EXPECT_EQ(vq.prefix, "vdls");
-    EXPECT_EQ(vq.base, "VQ");
-    EXPECT_EQ(vq.types, "16s");
-    EXPECT_EQ(vq.descr, "");
-
-    // "Aurora" is no type word, so its "_" belongs to the base.
-    Parts aurora = parts("vdlsLowHighFilter_Aurora_32f");
-    EXPECT_EQ(aurora.base, "LowHighFilter_Aurora");
-    EXPECT_EQ(aurora.types, "32f");
-
-    Parts mv = parts("vdlsMeanVarColumn_16s16s32s_D2");
-    EXPECT_EQ(mv.types, "16s16s32s");
-    EXPECT_EQ(mv.descr, "D2");
-
-    // The descriptor keeps its own "_".
-    Parts dl = parts("vdlsLogGauss_32f_D2L_I");
-    EXPECT_EQ(dl.descr, "D2L_I");
+    const struct {
+        const char* name;
+        Parts expected;
+    } cases[] = {
+        {"vdlsVQ_16s", {"vdls", "VQ", "16s", ""}},
+        // "Aurora" is no type word, so its "_" belongs to the base.
+        {"vdlsLowHighFilter_Aurora_32f", {"vdls", "LowHighFilter_Aurora", "32f", ""}},
+        {"vdlsMeanVarColumn_16s16s32s_D2", {"vdls", "MeanVarColumn", "16s16s32s", "D2"}},
+        {"vdlsLogGauss_32f_D2L_I", {"vdls", "LogGauss", "32f", "D2L_I"}},  // the descriptor keeps its "_"
+        {"_32f_", {"", "", "32f", ""}},
+        {"vdliCopy_8u_C3R", {"vdli", "Copy", "8u", "C3R"}},
+        {"abcdFoo_8u", {"", "abcdFoo", "8u", ""}},  // an unknown prefix stays in the base
+    };
+    for (const auto& c : cases) {
+        Parts p = parts(c.name);
+        EXPECT_EQ(c.expected.prefix + "|" + c.expected.base + "|" + c.expected.types + "|" +
+                      c.expected.descr,
+                  p.prefix + "|" + p.base + "|" + p.types + "|" + p.descr);
+    }
     EXPECT_TRUE(dlFunc("vdlsLogGauss_32f_D2L_I").inplace());
-
-    Parts pseudo = parts("_32f_");
-    EXPECT_EQ(pseudo.prefix, "");
-    EXPECT_EQ(pseudo.base, "");
-    EXPECT_EQ(pseudo.types, "32f");
-    EXPECT_EQ(pseudo.descr, "");
-
-    Parts image = parts("vdliCopy_8u_C3R");
-    EXPECT_EQ(image.prefix, "vdli");
-    EXPECT_EQ(image.base, "Copy");
-    EXPECT_EQ(image.descr, "C3R");
-
-    EXPECT_EQ(parts("abcdFoo_8u").base, "abcdFoo");  // an unknown prefix stays in the base
 }
 
 TEST(DlFuncGrammar, NameWithoutTypeWordIsAllBase) {

@@ -10,7 +10,7 @@
 #include "dl.h"
 #include "dltwogrid.h"
 #include "kvtestlist.h"
-#include "test_support.h"
+#include "testutil.h"
 
 namespace {
 
@@ -35,16 +35,9 @@ static int arg = 1;
 DL_REG(TimFake, fakeFunction, (arg));
 
 std::string capture(const std::function<void()>& body) {
-    testsupport::TempDir dir;
-    const std::string path = dir.path("capture.txt");
-    g_ostrm.addStream(path.c_str(), false);
+    StreamCapture<kvOStream> out(g_ostrm);
     body();
-    g_ostrm.flush();
-    kvOStream::iterator last = g_ostrm.end();
-    --last;
-    delete *last;
-    g_ostrm.erase(last);
-    return testsupport::readFile(path);
+    return out.text();
 }
 
 class DlTrio : public ::testing::Test {

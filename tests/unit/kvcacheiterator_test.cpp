@@ -22,35 +22,30 @@ VdlStatus failingCacheSize(int* size) {
     return -1;
 }
 
-TEST(CacheUpdate, FirstCorrectionScalesByAPowerOfTwoJustBelowTheTarget) {
-    int v = 1;
-    EXPECT_TRUE(kvCacheIteratorInt::updateValue(v, 100000, 1000000, false));
-    EXPECT_EQ(v, 8);
-    v = 64;
-    EXPECT_TRUE(kvCacheIteratorInt::updateValue(v, 2000000, 900000, false));
-    EXPECT_EQ(v, 16);
-    v = 64;   // a size on the target is moved below it
-    EXPECT_TRUE(kvCacheIteratorInt::updateValue(v, 1000, 1000, false));
-    EXPECT_EQ(v, 32);
-    v = 2;
-    EXPECT_FALSE(kvCacheIteratorInt::updateValue(v, 4000000, 1000, false));
-    EXPECT_EQ(v, 0);
-}
-
-TEST(CacheUpdate, RefineHalvesOrDoublesAndNothingEndsAtZero) {
-    int v = 10;
-    EXPECT_TRUE(kvCacheIteratorInt::updateValue(v, 5, 10, true));
-    EXPECT_EQ(v, 20);
-    EXPECT_TRUE(kvCacheIteratorInt::updateValue(v, 10, 10, true));
-    EXPECT_EQ(v, 10);
-    v = 1;
-    EXPECT_FALSE(kvCacheIteratorInt::updateValue(v, 10, 10, true));
-    EXPECT_EQ(v, 0);
-    // An unknown cache size gives a target of 0; data that do not grow, a size of 0.
-    v = 100;
-    EXPECT_FALSE(kvCacheIteratorInt::updateValue(v, 5000, 0, false));
-    EXPECT_FALSE(kvCacheIteratorInt::updateValue(v, 5000, 0, true));
-    EXPECT_FALSE(kvCacheIteratorInt::updateValue(v, 0, 1000, false));
+// The first correction scales by a power of two to just below the target;
+// a refinement halves or doubles; nothing may end at zero, and an unknown
+// cache size (target 0) or data that do not grow (size 0) stop the search.
+TEST(CacheUpdate, OneSizeMovesTowardsTheTarget) {
+    const struct {
+        int value, dataSize, target;
+        bool refine, moved;
+        int result;
+    } cases[] = {
+        {1, 100000, 1000000, false, true, 8},     {64, 2000000, 900000, false, true, 16},
+        {64, 1000, 1000, false, true, 32},        // on the target: moved below it
+        {2, 4000000, 1000, false, false, 0},      {10, 5, 10, true, true, 20},
+        {20, 10, 10, true, true, 10},             {1, 10, 10, true, false, 0},
+        {100, 5000, 0, false, false, -1},         {100, 5000, 0, true, false, -1},
+        {100, 0, 1000, false, false, -1},
+    };
+    for (const auto& c : cases) {
+        int v = c.value;
+        EXPECT_EQ(c.moved, kvCacheIteratorInt::updateValue(v, c.dataSize, c.target, c.refine))
+            << c.value << " " << c.dataSize << " " << c.target;
+        if (c.result >= 0) {
+            EXPECT_EQ(c.result, v) << c.value << " " << c.dataSize;
+        }
+    }
 }
 
 TEST(CacheUpdate, TwoAxesTakeTurns) {

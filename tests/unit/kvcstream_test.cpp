@@ -139,31 +139,4 @@ TEST(KvCStream, PostponedRowsComeLastAndAreChecked) {
     EXPECT_EQ(warning(2, 3), log.text());
 }
 
-TEST(KvCStream, StoreHoldsRowsColumnByColumn) {
-    kvStringList store[KV_CSTREAM_COLUMNS];
-    kvString row[KV_CSTREAM_COLUMNS];
-    row[0] = "a";
-    row[31] = "z";
-    addStore(store, row);
-    row[0] = "b";
-    addStore(store, row);
-    EXPECT_EQ(2, getStoreCount(store));
-    kvList<kvString>::iterator cursors[KV_CSTREAM_COLUMNS];
-    resetStoreIterator(store, cursors);
-    kvString out[KV_CSTREAM_COLUMNS];
-    ASSERT_TRUE(getStoreNext(store, out, cursors));
-    EXPECT_STREQ("a", out[0].c_str());
-    EXPECT_STREQ("z", out[31].c_str());
-    ASSERT_TRUE(getStoreNext(store, out, cursors));
-    EXPECT_STREQ("b", out[0].c_str());
-    EXPECT_FALSE(getStoreNext(store, out, cursors));
-    EXPECT_TRUE(kvCStream::identicalColms(row, out, 32));
-    out[5] = "x";
-    EXPECT_TRUE(kvCStream::identicalColms(row, out, 5));
-    EXPECT_FALSE(kvCStream::identicalColms(row, out, 6));
-    EXPECT_TRUE(kvCStream::identicalColms(row, out, 0));
-    clearStore(store);
-    EXPECT_EQ(0, getStoreCount(store));
-}
-
 }  // namespace

@@ -16,7 +16,7 @@
 #include "kvtest.h"
 #include "kvtestlist.h"
 #include "kvtool/kvtool.h"
-#include "test_support.h"
+#include "testutil.h"
 
 #include <gmock/gmock.h>
 
@@ -52,35 +52,16 @@ std::string tokenizeLine(const char* line) {
 }
 
 
-// Collects what g_ostrm writes during one test, at the given level.
-class Capture {
+// Collects what g_ostrm writes during one test, at the errors, warnings and
+// performance levels.
+class Capture : public StreamCapture<kvOStream> {
 public:
-    explicit Capture(OutputLevel level = 7) : m_file(tmpfile()), m_stream(m_file) {
-        m_level = g_ostrm.getOutLevel();
-        g_ostrm.addStream(&m_stream);
-        g_ostrm.setOutLevel(level);
+    Capture() : StreamCapture<kvOStream>(g_ostrm), m_level(g_ostrm.getOutLevel()) {
+        g_ostrm.setOutLevel(7);
     }
-    ~Capture() {
-        for (kvOStream::iterator it = g_ostrm.begin(); it != g_ostrm.end(); ++it) {
-            if (*it == &m_stream) {
-                g_ostrm.erase(it);
-                break;
-            }
-        }
-        g_ostrm.setOutLevel(m_level);
-    }
-    std::string text() const {
-        fflush(m_file);
-        std::string r;
-        rewind(m_file);
-        char buf[4096];
-        size_t n;
-        while ((n = fread(buf, 1, sizeof buf, m_file)) > 0) r.append(buf, n);
-        return r;
-    }
+    ~Capture() { g_ostrm.setOutLevel(m_level); }
+
 private:
-    FILE* m_file;
-    o_stream m_stream;
     OutputLevel m_level;
 };
 
@@ -102,9 +83,6 @@ void resetKeyGlobals() {
     g_istrm.deleteIniFile();
     g_istrm.setIStream(0);
 }
-
-using testsupport::TempDir;
-using testsupport::contains;
 
 // A session with the whole key table, as initSession builds it, but without
 // binding the library.
@@ -360,9 +338,9 @@ TEST_F(KeysTest, FileNamesFollowDirectoriesAndDefaultName) {
 
 TEST_F(KeysTest, LastIniKeySetsNameAndMode) {
     TempDir dir;
-    std::string pdir = "-p" + dir.path("");
+    std::string pdir = "-p" + dir.dir() + "/";
     parse({pdir.c_str(), "-Iw", "-ir"});
-    EXPECT_EQ(dir.path("r.ini"), str(m_session.m_iniName));
+    EXPECT_EQ(str(dir.path("r.ini")), str(m_session.m_iniName));
     EXPECT_FALSE(m_session.m_iniWrite);
     bool ok = false;
     parse({pdir.c_str(), "-ir", "-Iw"}, &ok);
@@ -437,13 +415,7 @@ TEST_F(KeysTest, QuickHelp) {
 TEST_F(KeysTest, ExtendedHelp) {
     std::string full = help('h', true);
     EXPECT_EQ(0u, full.find(std::string("EXTENDED HELP\n\n") + B_help + B_descr + "\n" + A_help));
-    EXPECT_THAT(full, HasSubstr("\n-o[<file-name>]  = create txt-file and write console output\n"
-                         "If file-name is empty then default file path will be used:\n"
-                         "    <default-dir>/<default-name>.txt\n"
-                         "    <default-dir> : <exe-file-dir> or -l key argument if any\n"
-                         "    <default-name>: <exe-file-name-without-extention> or -n key argument if any\n"
-                         "If several -o keys present in command line then all these files will be created\n"
-                         "    and filled\n\n-O"));
+    EXPECT_THAT(full, HasSubstr(std::string("\n") + o_help + o_descr + "\n" + O_help));
     // Hidden keys and keys without help text are left out.
     EXPECT_THAT(full, Not(HasSubstr(S_help)));
     EXPECT_THAT(full, Not(HasSubstr(hq_descr)));

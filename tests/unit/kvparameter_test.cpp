@@ -8,6 +8,7 @@
 #include "kvistream.h"
 #include "kvparameter.h"
 #include "kvstream.h"
+#include "testutil.h"
 
 namespace {
 
@@ -32,26 +33,28 @@ std::string translateError(kvParameter& p, const char* text) {
 const std::string conflict = "Conflict between iterator limits and operation";
 
 TEST(StepIterator, StepFormsWalkToTheLastValueWithoutPassingIt) {
+    const struct {
+        const char* text;
+        std::vector<int> walk;
+    } cases[] = {
+        {"100; 10000; *10", {100, 1000, 10000}},
+        {"1 10 +3", {1, 4, 7, 10}},
+        {"1 11 +3", {1, 4, 7, 10}},
+        {"10; 1; -3", {10, 7, 4, 1}},
+        {"-1; -8; *2", {-1, -2, -4, -8}},
+        {"5;5;+1", {5}},
+        {"12abc; 20; +4", {12, 16, 20}},  // conversion stops at the first bad character
+        {"2147483000; 2147483647; +1000", {2147483000}},  // ends, does not wrap
+    };
     kvStepIterator<int> it;
     it.init("len", 1, 1, 1, '+');
-    it.translate("100; 10000; *10");
-    EXPECT_EQ(walk(it), (std::vector<int>{100, 1000, 10000}));
-    it.translate("1 10 +3");
-    EXPECT_EQ(walk(it), (std::vector<int>{1, 4, 7, 10}));
-    it.translate("1 11 +3");
-    EXPECT_EQ(walk(it), (std::vector<int>{1, 4, 7, 10}));
+    for (const auto& c : cases) {
+        it.translate(c.text);
+        EXPECT_EQ(walk(it), c.walk) << c.text;
+    }
+    EXPECT_FALSE(it.m_decreasing);
     it.translate("10; 1; -3");
     EXPECT_TRUE(it.m_decreasing);
-    EXPECT_EQ(walk(it), (std::vector<int>{10, 7, 4, 1}));
-    it.translate("-1; -8; *2");
-    EXPECT_EQ(walk(it), (std::vector<int>{-1, -2, -4, -8}));
-    it.translate("5;5;+1");
-    EXPECT_EQ(walk(it), (std::vector<int>{5}));
-    // Conversion stops at the first bad character.
-    it.translate("12abc; 20; +4");
-    EXPECT_EQ(walk(it), (std::vector<int>{12, 16, 20}));
-    it.translate("2147483000; 2147483647; +1000");   // ends, does not wrap
-    EXPECT_EQ(walk(it), (std::vector<int>{2147483000}));
 }
 
 TEST(StepIterator, ConflictsAndStepsThatCannotAdvanceAreRefused) {
@@ -77,13 +80,10 @@ TEST(StepIterator, FloatMultiplicationMayShrinkTowardsZero) {
     EXPECT_EQ(walk(it), (std::vector<float>{-1, -2, -4, -8}));
     it.translate("1;2;+0.25");
     EXPECT_EQ(walk(it).size(), 5u);
-    EXPECT_EQ(translateError(it, "1; 8; *0.5"), conflict);
-    EXPECT_EQ(translateError(it, "8; 1; *2"), conflict);
-    EXPECT_EQ(translateError(it, "-1; -8; *0.5"), conflict);
-    EXPECT_EQ(translateError(it, "1; 8; *-2"), conflict);
-    EXPECT_EQ(translateError(it, "2; 2; *1"), conflict);
-    // Too small a step for floats of that size never moves the value.
-    EXPECT_EQ(translateError(it, "16777216; 16777300; +1"), conflict);
+    // The last: too small a step for floats of that size never moves the value.
+    for (const char* text : {"1; 8; *0.5", "8; 1; *2", "-1; -8; *0.5", "1; 8; *-2", "2; 2; *1",
+                             "16777216; 16777300; +1"})
+        EXPECT_EQ(translateError(it, text), conflict) << text;
 }
 
 TEST(StepIterator, TextForms) {
@@ -177,9 +177,6 @@ TEST(Enums, HintNamesAndAllowedValues) {
 class OutputCapture : public ::testing::Test {
 protected:
     void SetUp() override {
-        m_file = tmpfile();
-        m_stream = new o_stream(m_file);
-        g_ostrm.addStream(m_stream);
         m_level = g_ostrm.getOutLevel();
         g_ostrm.setOutLevel(7);
         g_ostrm.setMsgLevel(PERF);
@@ -187,26 +184,11 @@ protected:
     void TearDown() override {
         g_ostrm.restoreMsgLevel();
         g_ostrm.setOutLevel(m_level);
-        for (kvOStream::iterator i = g_ostrm.begin(); i != g_ostrm.end(); ++i) {
-            if (*i == m_stream) {
-                g_ostrm.erase(i);
-                break;
-            }
-        }
-        delete m_stream;   // closes the file
         g_istrm.dataList().clear();
         g_istrm.setIStream(0);
     }
-    std::string text() {
-        fflush(m_file);
-        rewind(m_file);
-        std::string r;
-        int c;
-        while ((c = fgetc(m_file)) != EOF) r += (char)c;
-        return r;
-    }
-    FILE* m_file = 0;
-    o_stream* m_stream = 0;
+    std::string text() { return m_capture.text(); }
+    StreamCapture<kvOStream> m_capture{g_ostrm};
     OutputLevel m_level = 0;
 };
 

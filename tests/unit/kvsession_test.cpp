@@ -13,6 +13,10 @@
 #include "kvticker.h"
 #include "testutil.h"
 
+#include <gmock/gmock.h>
+
+using ::testing::HasSubstr;
+
 namespace {
 
 kvResult steadyLoop(int loops, long long* clocks) {
@@ -37,13 +41,13 @@ TEST(KvSessionRun, PlainTestRunsEndToEnd) {
     g_ostrm.flush();
 
     std::string text = readFile(log.c_str());
-    EXPECT_NE(std::string::npos, text.find("| CPU      : "));
-    EXPECT_NE(std::string::npos, text.find("| Test     : Timing"));
-    EXPECT_NE(std::string::npos, text.find("| Function  : plainTest"));
-    EXPECT_NE(std::string::npos, text.find("| -OK         plainTest"));
-    EXPECT_NE(std::string::npos, text.find("| -OK         __kvOrvanCpu"));
-    EXPECT_NE(std::string::npos, text.find("| .Number of tests : 2"));
-    EXPECT_NE(std::string::npos, text.find("| .Successes       : 2"));
+    EXPECT_THAT(text, HasSubstr("| CPU      : "));
+    EXPECT_THAT(text, HasSubstr("| Test     : Timing"));
+    EXPECT_THAT(text, HasSubstr("| Function  : plainTest"));
+    EXPECT_THAT(text, HasSubstr("| -OK         plainTest"));
+    EXPECT_THAT(text, HasSubstr("| -OK         __kvOrvanCpu"));
+    EXPECT_THAT(text, HasSubstr("| .Number of tests : 2"));
+    EXPECT_THAT(text, HasSubstr("| .Successes       : 2"));
     // Sorted: the pseudo-test's name sorts before "plainTest".
     EXPECT_LT(text.find("-OK         __kvOrvanCpu"), text.find("-OK         plainTest"));
 }

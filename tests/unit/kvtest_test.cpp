@@ -14,6 +14,10 @@
 #include "kvticker.h"
 #include "testutil.h"
 
+#include <gmock/gmock.h>
+
+using ::testing::HasSubstr;
+
 namespace {
 
 // Captures what g_ostrm and g_cstrm write during one test of this file.
@@ -72,8 +76,8 @@ TEST_F(KvTestLifecycle, PlainTestMakesOnePassWithOneTableRow) {
     std::string table = cap.table();
     EXPECT_EQ("plainFunction,-,-,nLps=4,1000, ,1,-\n", table);
     std::string text = cap.text();
-    EXPECT_NE(std::string::npos, text.find("| Function  : plainFunction"));
-    EXPECT_NE(std::string::npos, text.find("| -OK         plainFunction"));
+    EXPECT_THAT(text, HasSubstr("| Function  : plainFunction"));
+    EXPECT_THAT(text, HasSubstr("| -OK         plainFunction"));
     EXPECT_EQ("p_plain_au", std::string(test.m_file.c_str()));
 }
 
@@ -82,7 +86,7 @@ TEST_F(KvTestLifecycle, FailingSetStopsTheWalkAndWritesNoRow) {
     kvTest test(failingLoop, (funcStat)0, "failing", "f", "TimFail//KV_REG");
     EXPECT_EQ(KV_FUNCFAIL, test.run());
     EXPECT_EQ("", cap.table());
-    EXPECT_NE(std::string::npos, cap.text().find("-- lib function error on test parameters:"));
+    EXPECT_THAT(cap.text(), HasSubstr("-- lib function error on test parameters:"));
 }
 
 // Two step iterators walked as an odometer: the later one varies fastest.
@@ -135,7 +139,7 @@ TEST_F(KvTestLifecycle, EmptyFirstSetIsDataFail) {
     } test;
     Capture cap;
     EXPECT_EQ(KV_DATAFAIL, test.run());
-    EXPECT_NE(std::string::npos, cap.text().find("-- One of argument list for timing is empty\n"));
+    EXPECT_THAT(cap.text(), HasSubstr("-- One of argument list for timing is empty\n"));
 }
 
 TEST_F(KvTestLifecycle, CanStartFalseIsDataFailWithReports) {
@@ -147,8 +151,8 @@ TEST_F(KvTestLifecycle, CanStartFalseIsDataFailWithReports) {
     Capture cap;
     EXPECT_EQ(KV_DATAFAIL, test.run());
     std::string text = cap.text();
-    EXPECT_NE(std::string::npos, text.find("-- Can't start timing\n"));
-    EXPECT_NE(std::string::npos, text.find("-DATAFAIL"));
+    EXPECT_THAT(text, HasSubstr("-- Can't start timing\n"));
+    EXPECT_THAT(text, HasSubstr("-DATAFAIL"));
 }
 
 TEST_F(KvTestLifecycle, SignalEndsTestAndNextTestRuns) {
@@ -161,8 +165,7 @@ TEST_F(KvTestLifecycle, SignalEndsTestAndNextTestRuns) {
     kvTest good(fixedLoop, (funcStat)0, "healthy", "h", "TimOk");
     EXPECT_EQ(KV_OK, good.run());
     std::string text = cap.text();
-    EXPECT_NE(std::string::npos,
-              text.find("--VDL. Signal: Illegal storage access. in vdlFunctionCalls\n"));
+    EXPECT_THAT(text, HasSubstr("--VDL. Signal: Illegal storage access. in vdlFunctionCalls\n"));
 }
 
 TEST_F(KvTestLifecycle, ExceptionInCanStartNamesThePlace) {
@@ -178,8 +181,7 @@ TEST_F(KvTestLifecycle, ExceptionInCanStartNamesThePlace) {
     } test;
     Capture cap;
     EXPECT_EQ(KV_EXCPTFAIL, test.run());
-    EXPECT_NE(std::string::npos,
-              cap.text().find("--VDL. Exception: Conflict between iterator limits and operation "
+    EXPECT_THAT(cap.text(), HasSubstr("--VDL. Exception: Conflict between iterator limits and operation "
                               "in canStart\n"));
 }
 
@@ -190,8 +192,7 @@ TEST_F(KvTestLifecycle, CacheKeyWithoutSupportMeasuresNothing) {
     EXPECT_EQ(KV_UNDEFINED, test.run());
     kvTest::m_cache = false;
     EXPECT_EQ(0, g_calls);
-    EXPECT_NE(std::string::npos,
-              cap.text().find("-- Can't run In-Outof-Cache timing: no program support for "
+    EXPECT_THAT(cap.text(), HasSubstr("-- Can't run In-Outof-Cache timing: no program support for "
                               "function nocache\n"));
 }
 
