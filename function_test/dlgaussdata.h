@@ -25,7 +25,7 @@ const dlFill dlFillTwo = {SET_VALUE, 2.0};
 inline bool dlCreateRows(bool d2l, dlVector& flat, dlrMatrice& matrix, int rows, int cols,
                          int stride, dlFill fill) {
     if (d2l) return matrix.createMatrice(rows, cols, fill.mode, fill.value, 0.0);
-    return flat.createVector(rows * stride, fill.mode, fill.value, 0.0);
+    return flat.createVector(dlProduct(rows, stride), fill.mode, fill.value, 0.0);
 }
 
 // The frame, mean and variance of a scoring call, each held by the module

@@ -1,5 +1,7 @@
 #include "dltest.h"
 
+#include <climits>
+
 #include "dlvector.h"
 #include "kv/kvsession.h"
 #include "kvcstream.h"
@@ -146,9 +148,12 @@ void prTest::resultToCstrm() {
             << perfString(true) << (isHotLine() ? "Hot" : "");
 }
 
+// In 64 bits, held to the largest int: a column count from the input near
+// the limit must not wrap to a small stride.
 int prTest::roundedStride(int cols) const {
-    int unit = m_name.found("16s") ? 8 : 4;
-    return (cols + unit - 1) / unit * unit;
+    const long long unit = m_name.found("16s") ? 8 : 4;
+    const long long stride = (cols + unit - 1) / unit * unit;
+    return stride > INT_MAX ? INT_MAX : (int)stride;
 }
 
 bool prTest::stepOdometer(std::initializer_list<kvParameter*> fastestFirst) {

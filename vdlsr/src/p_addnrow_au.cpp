@@ -25,7 +25,7 @@ public:
     }
     bool canContinue() override {
         return stepOdometer({&offset, &rows1, &cols}) &&
-               pSrc.createVector(rows * stride, SET_ZERO, 0, 0) &&
+               pSrc.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0) &&
                pInd.createVector(rows1, -1) && pAddInd.createVector(rows1, -1) &&
                pDst.createVector(cols, SET_ZERO, 0, 0);
     }

@@ -47,9 +47,9 @@ public:
                varMatrice.createMatrice(rows, cols, SET_ZERO, 0, 0);
         if (!made) return false;
         stride = m_single || m_meanVarAcc || m_d2l ? 0 : roundedStride(cols);
-        return stride == 0 || (srcVector.createVector(rows * stride, SET_ZERO, 0, 0) &&
-                               meanVector.createVector(rows * stride, SET_ZERO, 0, 0) &&
-                               varVector.createVector(rows * stride, SET_ZERO, 0, 0));
+        return stride == 0 || (srcVector.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0) &&
+                               meanVector.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0) &&
+                               varVector.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0));
     }
     void flushData() override {
         for (dlVector* v : {&src, &var, &mean, &dst, &meanAcc, &varAcc, &mean1, &var1, &src1,

@@ -56,9 +56,9 @@ public:
     bool canContinue() override {
         if (!stepGrid()) return false;
         step = roundedStride(width);
-        return pSrc.createVector(frames * step, SET_VALUE, 1.0, 0) &&
-               pMean.createVector(height * step, SET_VALUE, 1.0, 0) &&
-               pVar.createVector(height * step, SET_VALUE, 1.0, 0) &&
+        return pSrc.createVector(dlProduct(frames, step), SET_VALUE, 1.0, 0) &&
+               pMean.createVector(dlProduct(height, step), SET_VALUE, 1.0, 0) &&
+               pVar.createVector(dlProduct(height, step), SET_VALUE, 1.0, 0) &&
                pVal.createVector(frames, SET_VALUE, 1.0, 0) &&
                pResult.createVector(frames, SET_ZERO, 0, 0);
     }
