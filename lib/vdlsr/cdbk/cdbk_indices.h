@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <limits>
-#include <vector>
 
 #include "cdbk_state.h"
 
@@ -61,12 +60,10 @@ public:
     template <class T>
     VdlStatus layoutCheck(const typename StateOf<T>::type* const* table, int count)
     {
-        try {
-            m_offset.resize(count);
-            m_bits.resize(count);
-        } catch (const std::bad_alloc&) {
+        m_offset.reset(count);
+        m_bits.reset(count);
+        if (!m_offset.ok() || !m_bits.ok())
             return vdlStsNoMemErr;
-        }
         long long offset = 0;
         for (int c = 0; c < count; ++c) {
             m_offset[c] = offset;
@@ -102,8 +99,8 @@ private:
 
     Ptr m_base;
     int m_step;
-    std::vector<long long> m_offset;
-    std::vector<int> m_bits;
+    Buffer<long long> m_offset;
+    Buffer<int> m_bits;
 };
 
 } // namespace vdl

@@ -3,10 +3,7 @@
 #ifndef VDL_CDBK_SEARCH_H
 #define VDL_CDBK_SEARCH_H
 
-#include <algorithm>
 #include <cmath>
-#include <new>
-#include <vector>
 
 #include "cdbk_dispatch.h"
 #include "cdbk_state.h"
@@ -57,46 +54,54 @@ VdlStatus quantise(const T* pSrc, int step, Vdl32s* pIndx, D* pDist, bool withDi
     return vdlStsNoErr;
 }
 
-// Codewords of one vector ordered by distance, the lower index among equals.
+// The distances of one vector to every codeword, and the codewords ranked
+// by distance, the lower index among equals.
 template <class A>
-struct Ranked {
-    std::vector<A> dist;
-    std::vector<int> order;
+class Ranked {
+public:
+    explicit Ranked(int size) : m_size(size), m_dist(size), m_order(size) {}
+    bool ok() const { return m_dist.ok() && m_order.ok(); }
+    A* dist() const { return m_dist.data(); }
+    A least() const
+    {
+        A best = m_dist[0];
+        for (int j = 1; j < m_size; ++j)
+            best = m_dist[j] < best ? m_dist[j] : best;
+        return best;
+    }
 
+    // The `count` nearest, in order, by insertion: counts are small.
     void rank(int count)
     {
-        order.resize(dist.size());
-        for (std::size_t j = 0; j < order.size(); ++j)
-            order[j] = static_cast<int>(j);
-        const auto closer = [this](int a, int b) {
-            return dist[a] < dist[b] || (dist[a] == dist[b] && a < b);
-        };
-        std::partial_sort(order.begin(), order.begin() + count, order.end(), closer);
+        int kept = 0;
+        for (int j = 0; j < m_size; ++j) {
+            int at = kept;
+            while (at > 0 && m_dist[j] < m_dist[m_order[at - 1]])
+                --at;
+            if (at >= count)
+                continue;
+            for (int k = (kept < count ? kept : count - 1); k > at; --k)
+                m_order[k] = m_order[k - 1];
+            m_order[at] = j;
+            kept += kept < count;
+        }
     }
+
+    template <class D>
+    void write(int count, Vdl32s* pIndx, D* pDist, int scaleFactor) const
+    {
+        for (int j = 0; j < count; ++j) {
+            pIndx[j] = m_order[j];
+            if (pDist)
+                pDist[j] = scaled<D>(static_cast<double>(m_dist[m_order[j]]), scaleFactor);
+        }
+    }
+
+private:
+    int m_size;
+    Buffer<A> m_dist;
+    Buffer<int> m_order;
 };
-
-template <class T>
-VdlStatus distancesOf(const T* x, const Codebook<T>& cb, Ranked<typename AccOf<T>::type>& ranked)
-{
-    try {
-        ranked.dist.resize(cb.size);
-        ranked.order.reserve(cb.size);
-    } catch (const std::bad_alloc&) {
-        return vdlStsNoMemErr;
-    }
-    distancesKernel(cb)(x, cb.wordsT, cb.size, cb.width, cb.weights, ranked.dist.data());
-    return vdlStsNoErr;
-}
-
-template <class D, class A>
-void writeRanked(const Ranked<A>& ranked, int count, Vdl32s* pIndx, D* pDist, int scaleFactor)
-{
-    for (int j = 0; j < count; ++j) {
-        pIndx[j] = ranked.order[j];
-        if (pDist)
-            pDist[j] = scaled<D>(static_cast<double>(ranked.dist[ranked.order[j]]), scaleFactor);
-    }
-}
 
 // The codewords within relThresh times the least distance, nearest first.
 template <class T, class D>
@@ -111,16 +116,16 @@ VdlStatus quantiseThresh(const T* pSrc, Vdl32s* pIndx, D* pDist, bool withDist,
     if (std::isnan(relThresh) || relThresh < 1)
         return vdlStsBadArgErr;
     const Codebook<T>& cb = pCdbk->body;
-    Ranked<A> ranked;
-    if (VdlStatus s = distancesOf(pSrc, cb, ranked))
-        return s;
-    const A least = *std::min_element(ranked.dist.begin(), ranked.dist.end());
-    const double limit = static_cast<double>(least) * relThresh;
+    Ranked<A> ranked(cb.size);
+    if (!ranked.ok())
+        return vdlStsNoMemErr;
+    distancesKernel(cb)(pSrc, cb.wordsT, cb.size, cb.width, cb.weights, ranked.dist());
+    const double limit = static_cast<double>(ranked.least()) * relThresh;
     int count = 0;
-    for (A d : ranked.dist)
-        count += static_cast<double>(d) <= limit;
+    for (int j = 0; j < cb.size; ++j)
+        count += static_cast<double>(ranked.dist()[j]) <= limit;
     ranked.rank(count);
-    writeRanked(ranked, count, pIndx, withDist ? pDist : nullptr, scaleFactor);
+    ranked.write(count, pIndx, withDist ? pDist : nullptr, scaleFactor);
     *pNum = count;
     return vdlStsNoErr;
 }
@@ -137,11 +142,12 @@ VdlStatus quantiseSort(const T* pSrc, Vdl32s* pIndx, D* pDist, bool withDist,
     const Codebook<T>& cb = pCdbk->body;
     if (VdlStatus s = checkRange(N, 1, cb.size))
         return s;
-    Ranked<A> ranked;
-    if (VdlStatus s = distancesOf(pSrc, cb, ranked))
-        return s;
+    Ranked<A> ranked(cb.size);
+    if (!ranked.ok())
+        return vdlStsNoMemErr;
+    distancesKernel(cb)(pSrc, cb.wordsT, cb.size, cb.width, cb.weights, ranked.dist());
     ranked.rank(N);
-    writeRanked(ranked, N, pIndx, withDist ? pDist : nullptr, scaleFactor);
+    ranked.write(N, pIndx, withDist ? pDist : nullptr, scaleFactor);
     return vdlStsNoErr;
 }
 

@@ -12,7 +12,7 @@
 namespace vdl {
 
 template <class T, class Indices>
-VdlStatus formVectorVQ(Indices indices, T* pDst, int dstStep, int height,
+VdlStatus formVectorVQ(Indices&& indices, T* pDst, int dstStep, int height,
                        const typename StateOf<T>::type* const* ppCdbks, int nCdbks)
 {
     long long widthSum = 0;
@@ -43,7 +43,7 @@ VdlStatus formVectorVQ(Indices indices, T* pDst, int dstStep, int height,
 }
 
 template <class T, class Indices>
-VdlStatus splitVQ(const T* pSrc, int srcStep, Indices indices, int height,
+VdlStatus splitVQ(const T* pSrc, int srcStep, Indices&& indices, int height,
                   const typename StateOf<T>::type* const* ppCdbks, int nCdbks)
 {
     using A = typename AccOf<T>::type;

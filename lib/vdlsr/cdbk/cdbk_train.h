@@ -5,8 +5,6 @@
 
 #include <climits>
 #include <cmath>
-#include <new>
-#include <vector>
 
 #include "cdbk_dispatch.h"
 #include "cdbk_state.h"
@@ -38,7 +36,7 @@ bool validWeights(const T* w, int width)
 // the mean of its vectors; an empty cluster takes the vector farthest from
 // its codeword. Ends after `rounds`, or after a round that moved nothing.
 template <class T>
-void lloyd(Codebook<T>& cb, const T* src, int step, int height, int rounds)
+VdlStatus lloyd(Codebook<T>& cb, const T* src, int step, int height, int rounds)
 {
     using A = typename AccOf<T>::type;
     const int size = cb.size;
@@ -46,18 +44,27 @@ void lloyd(Codebook<T>& cb, const T* src, int step, int height, int rounds)
     const SearchSet<T, A>& kernels = cdbkKernels().template set<T, A>();
     const NearestFn<T, A> nearest = cb.weights ? kernels.nearestWeighted : kernels.nearest;
 
-    std::vector<int> assigned(height, -1), next(height);
-    std::vector<A> dist(height);
-    std::vector<double> sums(static_cast<std::size_t>(size) * width);
-    std::vector<int> counts(size);
+    const std::size_t sumCount = static_cast<std::size_t>(size) * width;
+    Buffer<int> assigned(height), next(height), counts(size);
+    Buffer<A> dist(height);
+    Buffer<double> sums(sumCount);
+    if (!assigned.ok() || !next.ok() || !counts.ok() || !dist.ok() || !sums.ok())
+        return vdlStsNoMemErr;
+    for (int i = 0; i < height; ++i)
+        assigned[i] = -1;
     for (int round = 0; round < rounds; ++round) {
         cb.transpose();
         nearest(src, step, height, cb.wordsT, size, width, cb.weights, next.data(), dist.data());
-        bool moved = next != assigned;
-        assigned.swap(next);
+        bool moved = false;
+        for (int i = 0; i < height; ++i) {
+            moved = moved || next[i] != assigned[i];
+            assigned[i] = next[i];
+        }
 
-        std::fill(sums.begin(), sums.end(), 0.0);
-        std::fill(counts.begin(), counts.end(), 0);
+        for (std::size_t n = 0; n < sumCount; ++n)
+            sums[n] = 0;
+        for (int j = 0; j < size; ++j)
+            counts[j] = 0;
         for (int i = 0; i < height; ++i) {
             const T* x = src + static_cast<std::ptrdiff_t>(i) * step;
             double* sum = &sums[static_cast<std::size_t>(assigned[i]) * width];
@@ -87,6 +94,7 @@ void lloyd(Codebook<T>& cb, const T* src, int step, int height, int rounds)
         if (!moved)
             break;
     }
+    return vdlStsNoErr;
 }
 
 template <class T>
@@ -118,12 +126,10 @@ VdlStatus createCodebook(typename StateOf<T>::type** ppCdbk, const T* pSrc, cons
                 pSrc + static_cast<std::ptrdiff_t>(row) * step, width);
     }
     if (hint != vdlCdbkHintFull) {
-        try {
-            lloyd(cb, pSrc, step, height,
-                  hint == vdlCdbkHintKmeansLong ? kmeansLongRounds : kmeansNumRounds);
-        } catch (const std::bad_alloc&) {
+        const int rounds = hint == vdlCdbkHintKmeansLong ? kmeansLongRounds : kmeansNumRounds;
+        if (VdlStatus s = lloyd(cb, pSrc, step, height, rounds)) {
             releaseCodebook<T>(state);
-            return vdlStsNoMemErr;
+            return s;
         }
     }
     cb.transpose();
