@@ -35,7 +35,7 @@ VdlStatus formVectorVQ(Indices&& indices, T* pDst, int dstStep, int height,
         T* out = pDst + static_cast<std::ptrdiff_t>(i) * dstStep;
         for (int c = 0; c < nCdbks; ++c) {
             const Codebook<T>& cb = ppCdbks[c]->body;
-            copyRow(out, cb.word(static_cast<int>(indices.read(i, c))), cb.width);
+            copyRow(out, codeword(cb, static_cast<int>(indices.read(i, c))), cb.width);
             out += cb.width;
         }
     }

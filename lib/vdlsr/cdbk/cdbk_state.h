@@ -9,11 +9,10 @@
 #include "vdlargcheck.h"
 #include "vdlcore.h"
 
-#pragma GCC visibility push(hidden)
-
 namespace vdl {
 
-// Plain data: it emits no symbol.
+// Plain data, so that it emits no symbol; visible as the public state types
+// that hold it must be.
 template <class T>
 struct Codebook {
     unsigned tag;  // element type, against a cast from another kind
@@ -22,17 +21,36 @@ struct Codebook {
     T* words;      // size rows of width
     T* wordsT;     // width rows of size: component k of every codeword
     T* weights;    // width weights, or null for L2
-
-    const T* word(int j) const { return words + static_cast<std::ptrdiff_t>(j) * width; }
-
-    // Rebuilds the component-major copy after the codewords changed.
-    void transpose()
-    {
-        for (int j = 0; j < size; ++j)
-            for (int k = 0; k < width; ++k)
-                wordsT[static_cast<std::ptrdiff_t>(k) * size + j] = word(j)[k];
-    }
 };
+
+} // namespace vdl
+
+// The public state types; callers only ever see pointers to them.
+struct VdlsCdbkState_16s {
+    vdl::Codebook<Vdl16s> body;
+};
+struct VdlsCdbkState_32f {
+    vdl::Codebook<Vdl32f> body;
+};
+
+#pragma GCC visibility push(hidden)
+
+namespace vdl {
+
+template <class T>
+const T* codeword(const Codebook<T>& cb, int j)
+{
+    return cb.words + static_cast<std::ptrdiff_t>(j) * cb.width;
+}
+
+// Rebuilds the component-major copy after the codewords changed.
+template <class T>
+void transposeCodebook(Codebook<T>& cb)
+{
+    for (int j = 0; j < cb.size; ++j)
+        for (int k = 0; k < cb.width; ++k)
+            cb.wordsT[static_cast<std::ptrdiff_t>(k) * cb.size + j] = codeword(cb, j)[k];
+}
 
 // A work buffer of malloc'd elements, uninitialised; empty when memory ran
 // out. The library's own, so that no container instance leaves the library
@@ -75,18 +93,6 @@ template <>
 struct AccOf<Vdl32f> {
     using type = float;
 };
-
-} // namespace vdl
-
-// The public state types; callers only ever see pointers to them.
-struct VdlsCdbkState_16s {
-    vdl::Codebook<Vdl16s> body;
-};
-struct VdlsCdbkState_32f {
-    vdl::Codebook<Vdl32f> body;
-};
-
-namespace vdl {
 
 template <class T>
 struct StateOf;

@@ -53,7 +53,7 @@ VdlStatus lloyd(Codebook<T>& cb, const T* src, int step, int height, int rounds)
     for (int i = 0; i < height; ++i)
         assigned[i] = -1;
     for (int round = 0; round < rounds; ++round) {
-        cb.transpose();
+        transposeCodebook(cb);
         nearest(src, step, height, cb.wordsT, size, width, cb.weights, next.data(), dist.data());
         bool moved = false;
         for (int i = 0; i < height; ++i) {
@@ -132,7 +132,7 @@ VdlStatus createCodebook(typename StateOf<T>::type** ppCdbk, const T* pSrc, cons
             return s;
         }
     }
-    cb.transpose();
+    transposeCodebook(cb);
     *ppCdbk = state;
     return vdlStsNoErr;
 }
@@ -156,7 +156,7 @@ VdlStatus copyCodebook(const typename StateOf<T>::type* pCdbk, T* pDst, int step
     if (VdlStatus s = checkStep(step, cb.width))
         return s;
     for (int j = 0; j < cb.size; ++j)
-        copyRow(pDst + static_cast<std::ptrdiff_t>(j) * step, cb.word(j), cb.width);
+        copyRow(pDst + static_cast<std::ptrdiff_t>(j) * step, codeword(cb, j), cb.width);
     return vdlStsNoErr;
 }
 
