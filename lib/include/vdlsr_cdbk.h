@@ -33,8 +33,9 @@ extern "C" {
  *   vdlCdbkHintKmeansNum:  the same for a fixed 10 rounds (fewer only when a
  *                          round moves nothing, as later rounds would not
  *                          either).
- * The k-means start from the training vectors at rows floor(j * height /
- * nClust), j = 0 .. nClust-1. A round assigns each vector to its nearest
+ * The k-means seeds are training vectors chosen farthest first: row 0, then
+ * each time the row whose distance (in double) to its nearest seed is the
+ * largest, the lowest row among equals. A round assigns each vector to its nearest
  * codeword under the codebook's distance, then sets each codeword to the
  * mean of its vectors (rounded to nearest for 16-bit codebooks); a codeword
  * left without vectors takes the vector farthest from its own codeword (the

@@ -1,5 +1,5 @@
 // Making a codebook from training vectors: every vector as a codeword, or
-// k-means (Lloyd) rounds from evenly spread training vectors.
+// k-means (Lloyd) rounds from seeds spread farthest first.
 #ifndef VDL_CDBK_TRAIN_H
 #define VDL_CDBK_TRAIN_H
 
@@ -29,6 +29,44 @@ bool validWeights(const T* w, int width)
             return false;
     }
     return true;
+}
+
+// Distance of two rows under the codebook's weights, in double.
+template <class T>
+double rowDistance(const T* a, const T* b, const T* w, int width)
+{
+    double d = 0;
+    for (int k = 0; k < width; ++k) {
+        const double diff = static_cast<double>(a[k]) - static_cast<double>(b[k]);
+        d += diff * diff * (w ? static_cast<double>(w[k]) : 1.0);
+    }
+    return d;
+}
+
+// Seeds farthest first: row 0, then each time the row farthest from the
+// seeds so far (the lowest row among equals), so that well separated groups
+// of vectors each get a seed.
+template <class T>
+VdlStatus seedFarthestFirst(Codebook<T>& cb, const T* src, int step, int height)
+{
+    Buffer<double> nearestSeed(height);
+    if (!nearestSeed.ok())
+        return vdlStsNoMemErr;
+    const auto row = [&](int i) { return src + static_cast<std::ptrdiff_t>(i) * step; };
+    int seed = 0;
+    for (int j = 0; j < cb.size; ++j) {
+        T* word = cb.words + static_cast<std::ptrdiff_t>(j) * cb.width;
+        copyRow(word, row(seed), cb.width);
+        int farthest = 0;
+        for (int i = 0; i < height; ++i) {
+            const double d = rowDistance(row(i), word, cb.weights, cb.width);
+            nearestSeed[i] = j == 0 || d < nearestSeed[i] ? d : nearestSeed[i];
+            if (nearestSeed[i] > nearestSeed[farthest])
+                farthest = i;
+        }
+        seed = farthest;
+    }
+    return vdlStsNoErr;
 }
 
 // Lloyd rounds over the codewords that cb holds as seeds. Each round
@@ -120,14 +158,16 @@ VdlStatus createCodebook(typename StateOf<T>::type** ppCdbk, const T* pSrc, cons
     Codebook<T>& cb = state->body;
     if (weighted)
         copyRow(cb.weights, pWgt, width);
-    for (int j = 0; j < nClust; ++j) {
-        const long long row = static_cast<long long>(j) * height / nClust;
-        copyRow(cb.words + static_cast<std::ptrdiff_t>(j) * width,
-                pSrc + static_cast<std::ptrdiff_t>(row) * step, width);
-    }
-    if (hint != vdlCdbkHintFull) {
+    if (hint == vdlCdbkHintFull) {
+        for (int j = 0; j < nClust; ++j)
+            copyRow(cb.words + static_cast<std::ptrdiff_t>(j) * width,
+                    pSrc + static_cast<std::ptrdiff_t>(j) * step, width);
+    } else {
         const int rounds = hint == vdlCdbkHintKmeansLong ? kmeansLongRounds : kmeansNumRounds;
-        if (VdlStatus s = lloyd(cb, pSrc, step, height, rounds)) {
+        VdlStatus s = seedFarthestFirst(cb, pSrc, step, height);
+        if (s == vdlStsNoErr)
+            s = lloyd(cb, pSrc, step, height, rounds);
+        if (s != vdlStsNoErr) {
             releaseCodebook<T>(state);
             return s;
         }
