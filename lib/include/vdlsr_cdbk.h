@@ -34,8 +34,8 @@ extern "C" {
  *                          round moves nothing, as later rounds would not
  *                          either).
  * The k-means seeds are training vectors chosen farthest first: row 0, then
- * each time the row whose distance (in double) to its nearest seed is the
- * largest, the lowest row among equals. A round assigns each vector to its nearest
+ * each time the row whose distance to its nearest seed is the largest, the
+ * lowest row among equals. A round assigns each vector to its nearest
  * codeword under the codebook's distance, then sets each codeword to the
  * mean of its vectors (rounded to nearest for 16-bit codebooks); a codeword
  * left without vectors takes the vector farthest from its own codeword (the

@@ -31,36 +31,34 @@ bool validWeights(const T* w, int width)
     return true;
 }
 
-// Distance of two rows under the codebook's weights, in double.
-template <class T>
-double rowDistance(const T* a, const T* b, const T* w, int width)
-{
-    double d = 0;
-    for (int k = 0; k < width; ++k) {
-        const double diff = static_cast<double>(a[k]) - static_cast<double>(b[k]);
-        d += diff * diff * (w ? static_cast<double>(w[k]) : 1.0);
-    }
-    return d;
-}
-
 // Seeds farthest first: row 0, then each time the row farthest from the
 // seeds so far (the lowest row among equals), so that well separated groups
-// of vectors each get a seed.
+// of vectors each get a seed. The training rows are laid out
+// component-major once, so that the distances of all rows to a new seed
+// come from the search kernel.
 template <class T>
 VdlStatus seedFarthestFirst(Codebook<T>& cb, const T* src, int step, int height)
 {
-    Buffer<double> nearestSeed(height);
-    if (!nearestSeed.ok())
+    using A = typename AccOf<T>::type;
+    const int width = cb.width;
+    Buffer<T> rowsT(static_cast<std::size_t>(height) * width);
+    Buffer<A> dist(height), nearestSeed(height);
+    if (!rowsT.ok() || !dist.ok() || !nearestSeed.ok())
         return vdlStsNoMemErr;
-    const auto row = [&](int i) { return src + static_cast<std::ptrdiff_t>(i) * step; };
+    for (int i = 0; i < height; ++i)
+        for (int k = 0; k < width; ++k)
+            rowsT[static_cast<std::size_t>(k) * height + i] =
+                src[static_cast<std::ptrdiff_t>(i) * step + k];
+    const auto& kernels = cdbkKernels().template set<T, A>();
+    const DistancesFn<T, A> distances = cb.weights ? kernels.distancesWeighted : kernels.distances;
     int seed = 0;
     for (int j = 0; j < cb.size; ++j) {
-        T* word = cb.words + static_cast<std::ptrdiff_t>(j) * cb.width;
-        copyRow(word, row(seed), cb.width);
+        T* word = cb.words + static_cast<std::ptrdiff_t>(j) * width;
+        copyRow(word, src + static_cast<std::ptrdiff_t>(seed) * step, width);
+        distances(word, rowsT.data(), height, width, cb.weights, dist.data());
         int farthest = 0;
         for (int i = 0; i < height; ++i) {
-            const double d = rowDistance(row(i), word, cb.weights, cb.width);
-            nearestSeed[i] = j == 0 || d < nearestSeed[i] ? d : nearestSeed[i];
+            nearestSeed[i] = j == 0 || dist[i] < nearestSeed[i] ? dist[i] : nearestSeed[i];
             if (nearestSeed[i] > nearestSeed[farthest])
                 farthest = i;
         }
