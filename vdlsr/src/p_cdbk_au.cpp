@@ -56,6 +56,7 @@ public:
     }
     // The codebook that the timed lookups search.
     virtual bool SetData() {
+        *handle() = 0;  // a creation test leaves the handle of a freed codebook
         m_status = dlCdbkCreate(m_f32, handle(), pSrc, 0, step, height, nClust, hint);
         if (m_status == vdlStsNoErr) return true;
         dlCdbkCreateError("\n Error in create codebook code\n");
