@@ -1,5 +1,5 @@
 // Predictor coefficients to cepstrum and back by the usual recursions.
-#include "scratch.h"
+#include "vdlscratch.h"
 #include "vdlargcheck.h"
 #include "vdlround.h"
 #include "vdlsr.h"

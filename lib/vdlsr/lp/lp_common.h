@@ -12,29 +12,11 @@
 
 #include "vdlargcheck.h"
 #include "vdlround.h"
+#include "vdlscratch.h"
 
 #pragma GCC visibility push(hidden)
 
 namespace vdl {
-
-// Work space of n doubles, on the stack for the short vectors that most
-// calls take, so that they pay for no allocation. Not initialised.
-class Scratch {
-public:
-    explicit Scratch(int n)
-        : m_heap(n > inlineSize ? new double[static_cast<size_t>(n)] : nullptr),
-          m_data(m_heap ? m_heap.get() : m_inline) {}
-    Scratch(const Scratch&) = delete;
-    Scratch& operator=(const Scratch&) = delete;
-    double* data() { return m_data; }
-    double& operator[](int i) { return m_data[i]; }
-
-private:
-    static constexpr int inlineSize = 72;
-    std::unique_ptr<double[]> m_heap;
-    double m_inline[inlineSize];
-    double* m_data;
-};
 
 // dst[i] = src[i] as a double, an integer v standing for v * 2^-shift.
 template <class T>

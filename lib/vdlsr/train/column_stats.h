@@ -47,7 +47,7 @@ VdlStatus meanColumn(const Rows& rows, int height, M* pMean, int width)
 {
     if (VdlStatus s = firstError({checkPtrs({pMean}), checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles acc(width);
+    Scratch acc(width);
     if (!acc.ok())
         return vdlStsNoMemErr;
     columnSums<T>(rows, height, width, acc.data());
@@ -62,7 +62,7 @@ VdlStatus varColumn(const Rows& rows, int height, const T* pMean, V* pVar, int w
 {
     if (VdlStatus s = firstError({checkPtrs({pMean, pVar}), checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles center(width), acc(width);
+    Scratch center(width), acc(width);
     if (!center.ok() || !acc.ok())
         return vdlStsNoMemErr;
     for (int k = 0; k < width; ++k)
@@ -79,7 +79,7 @@ VdlStatus meanVarColumn(const Rows& rows, int height, M* pMean, V* pVar, int wid
 {
     if (VdlStatus s = firstError({checkPtrs({pMean, pVar}), checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles mean(width), acc(width);
+    Scratch mean(width), acc(width);
     if (!mean.ok() || !acc.ok())
         return vdlStsNoMemErr;
     columnSums<T>(rows, height, width, mean.data());
@@ -119,7 +119,7 @@ VdlStatus weightedColumn(const Rows& rows, const T* pWgt, int height, T* pMean, 
     if (VdlStatus s = firstError({checkPtrs(required), checkPtrs({pWgt}),
                                   checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles mean(width), acc(width);
+    Scratch mean(width), acc(width);
     if (!mean.ok() || !acc.ok())
         return vdlStsNoMemErr;
     double total = 0;
@@ -150,7 +150,7 @@ VdlStatus sumColumn(const Rows& rows, int height, D* pDst, int width, int scaleF
 {
     if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles acc(width);
+    Scratch acc(width);
     if (!acc.ok())
         return vdlStsNoMemErr;
     columnSums<T>(rows, height, width, acc.data());
@@ -164,7 +164,7 @@ VdlStatus sumRow(const Rows& rows, int width, D* pDst, int height, int scaleFact
 {
     if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles acc(height);
+    Scratch acc(height);
     if (!acc.ok())
         return vdlStsNoMemErr;
     sums<T>().rowSums(rows.ref(), height, width, acc.data());
@@ -181,7 +181,7 @@ VdlStatus sumMeanVar(const Rows& rows, int height, D* pSum, D* pSqr, int width, 
 {
     if (VdlStatus s = firstError({checkPtrs({pSum, pSqr}), checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles sum(width), sqr(width), zero(width);
+    Scratch sum(width), sqr(width), zero(width);
     if (!sum.ok() || !sqr.ok() || !zero.ok())
         return vdlStsNoMemErr;
     columnSums<T>(rows, height, width, sum.data());

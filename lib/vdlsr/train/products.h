@@ -16,7 +16,7 @@ VdlStatus matVecMul(const Rows& m, const T* pVec, int width, D* pDst, int height
 {
     if (VdlStatus s = firstError({checkPtrs({pVec, pDst}), checkMatrix(m, height, width)}))
         return s;
-    WorkDoubles acc(height);
+    Scratch acc(height);
     if (!acc.ok())
         return vdlStsNoMemErr;
     sums<T>().rowDots(m.ref(), pVec, height, width, acc.data());
@@ -31,7 +31,7 @@ VdlStatus vecMatMul(const T* pVec, const Rows& m, int height, D* pDst, int width
 {
     if (VdlStatus s = firstError({checkPtrs({pVec, pDst}), checkMatrix(m, height, width)}))
         return s;
-    WorkDoubles acc(width);
+    Scratch acc(width);
     if (!acc.ok())
         return vdlStsNoMemErr;
     sums<T>().wsum(m.ref(), pVec, height, width, acc.data());
@@ -51,7 +51,7 @@ VdlStatus accCovariance(const Rows& src, int height, const Vdl64f* pMean, const 
     // The work triangle is counted in int elements.
     if (width > 46340)
         return vdlStsSizeErr;
-    WorkDoubles d(width), acc(width * width);
+    Scratch d(width), acc(width * width);
     if (!d.ok() || !acc.ok())
         return vdlStsNoMemErr;
     // The sums are symmetric: the upper triangle is summed, both halves added.

@@ -71,7 +71,7 @@ VdlStatus addAllRowSum(const Rows& rows, int height, Vdl32f* pSrcDst, int width)
 {
     if (VdlStatus s = firstError({checkPtrs({pSrcDst}), checkMatrix(rows, height, width)}))
         return s;
-    WorkDoubles acc(width);
+    Scratch acc(width);
     if (!acc.ok())
         return vdlStsNoMemErr;
     columnSums<Vdl32f>(rows, height, width, acc.data());

@@ -10,6 +10,7 @@
 
 #include "vdlargcheck.h"
 #include "vdlrows.h"
+#include "vdlscratch.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -45,33 +46,6 @@ private:
     T* const* m_table;
 };
 
-// Doubles for the duration of a call: on the stack up to a few hundred,
-// else from the heap; ok() is false when the heap had none.
-class WorkDoubles {
-public:
-    explicit WorkDoubles(int count)
-        : m_data(count <= local ? m_local : new (std::nothrow) double[count])
-    {
-        for (int i = 0; m_data && i < count; ++i)
-            m_data[i] = 0;
-    }
-    ~WorkDoubles()
-    {
-        if (m_data != m_local)
-            delete[] m_data;
-    }
-    WorkDoubles(const WorkDoubles&) = delete;
-    WorkDoubles& operator=(const WorkDoubles&) = delete;
-
-    bool ok() const { return m_data != nullptr; }
-    double* data() { return m_data; }
-    double& operator[](int i) { return m_data[i]; }
-
-private:
-    static constexpr int local = 256;
-    double m_local[local];
-    double* m_data;
-};
 
 } // namespace vdl
 

@@ -228,16 +228,16 @@ TEST(AuroraStages, BlindEqualisationSmoothedSpectrumHighBandAndWave)
     }
 
     // Bins (re, im): P = 1, 4, 9, 16.
-    const std::vector<Vdl32f> spec = {1, 0, 0, 2, 3, 0, 0, 4};
+    const std::vector<Vdl32f> spectrum = {1, 0, 0, 2, 3, 0, 0, 4};
     std::vector<Vdl32f> smooth(3);
-    ASSERT_EQ(vdlStsNoErr, vdlsSmoothedPowerSpectrumAurora_32f(spec.data(), smooth.data(), 8));
+    ASSERT_EQ(vdlStsNoErr, vdlsSmoothedPowerSpectrumAurora_32f(spectrum.data(), smooth.data(), 8));
     EXPECT_EQ((std::vector<Vdl32f>{(1 + 2 + 4) / 4.0f, (4 + 18 + 16) / 4.0f, (16 + 32 + 16) / 4.0f}),
               smooth);
     const std::vector<Vdl32s> spec32 = {1, 0, 0, 2, 3, 0, 0, 4};
     std::vector<Vdl64s> s64(3);
     ASSERT_EQ(vdlStsNoErr, vdlsSmoothedPowerSpectrumAurora_32s64s_Sfs(spec32.data(), s64.data(), 8, -2));
     EXPECT_EQ((std::vector<Vdl64s>{7, 38, 64}), s64);
-    EXPECT_EQ(vdlStsSizeErr, vdlsSmoothedPowerSpectrumAurora_32f(spec.data(), smooth.data(), 6));
+    EXPECT_EQ(vdlStsSizeErr, vdlsSmoothedPowerSpectrumAurora_32f(spectrum.data(), smooth.data(), 6));
 
     std::vector<Vdl32f> hfb = {1, 2, 3}, in(65, 2), dn(129, 1), coded(3);
     ASSERT_EQ(vdlStsNoErr, vdlsHighBandCoding_Aurora_32f(hfb.data(), in.data(), dn.data(), coded.data()));
