@@ -60,6 +60,32 @@ inline void dlScale(dlScaleIterator& it, const kvString& funcName, Ints... value
     it.fromIStream(g_istrm);
 }
 
+// ---- a module's buffers as a group
+
+// Each buffer typed by the test's function: by its argument `arg`, or by a
+// dlArg such as DL_DST1.
+inline void dlInitAll(std::initializer_list<dlVector*> vectors, const dlFunc& func, int arg = 1) {
+    for (dlVector* v : vectors) v->init(func, arg);
+}
+inline void dlInitAll(std::initializer_list<dlVector*> vectors, const dlFunc& func, dlArg arg) {
+    for (dlVector* v : vectors) v->init(func, arg);
+}
+
+// Each vector `len` long, filled by `mode`; false at the first that cannot
+// be made.
+inline bool dlCreateAll(std::initializer_list<dlVector*> vectors, long long len, SetMode mode,
+                        double a = 0, double b = 0) {
+    for (dlVector* v : vectors)
+        if (!v->createVector(len, mode, a, b)) return false;
+    return true;
+}
+
+inline void dlDeleteAll(std::initializer_list<dlVector*> vectors,
+                        std::initializer_list<dlrMatrice*> matrices = {}) {
+    for (dlVector* v : vectors) v->deleteVector();
+    for (dlrMatrice* m : matrices) m->deleteMatrice();
+}
+
 // ---- the trio of a test: one call, a timed loop, a timed sum of single calls
 
 // Loop form: a warm-up call, then `n` calls in one bracket; `init` (a

@@ -33,17 +33,4 @@ protected:
     const bool m_d2l = m_name.found("D2L");
 };
 
-// Every object of a module at once: typed for the test, or deleted.
-inline void dlInitAll(std::initializer_list<dlVector*> objects, const dlFunc& func, int n) {
-    for (dlVector* v : objects) v->init(func, n);
-}
-inline void dlInitAll(std::initializer_list<dlVector*> objects, const dlFunc& func, dlArg arg) {
-    for (dlVector* v : objects) v->init(func, arg);
-}
-inline void dlDeleteAll(std::initializer_list<dlVector*> vectors,
-                        std::initializer_list<dlrMatrice*> matrices = {}) {
-    for (dlVector* v : vectors) v->deleteVector();
-    for (dlrMatrice* m : matrices) m->deleteMatrice();
-}
-
 #endif

@@ -13,7 +13,7 @@ public:
 
     bool canStart() override {
         dlStep(len, "len", 32, 512, 32, '+');
-        dlInitAll(m_func, {&pSrc, &pDst, &pBias});
+        dlInitAll({&pSrc, &pDst, &pBias}, m_func);
         return true;
     }
     bool canContinue() override {

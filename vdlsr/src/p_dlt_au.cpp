@@ -21,7 +21,7 @@ public:
         dlStep(winSize, m_eval ? "winSize" : "", 1, m_eval ? 2 : 1, 1, '+');
         dlStep(offset, m_eval ? "offset" : "", m_eval ? 0 : 1, 1, 1, '+');
         dlScale(scaleFactor, m_func);
-        dlInitAll(m_func, {&pSrc, &pDst, &pVal});
+        dlInitAll({&pSrc, &pDst, &pVal}, m_func);
         return true;
     }
     bool canContinue() override {

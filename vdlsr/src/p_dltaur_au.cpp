@@ -18,7 +18,7 @@ public:
         dlStep(height, "height", 8, 40, 4, '+');
         dlStep(dstStep, "dstStep", 39, 50, 3, '+');
         dlScale(scaleFactor, m_func);
-        dlInitAll(m_func, {&pSrc, &pDst, &pVal});
+        dlInitAll({&pSrc, &pDst, &pVal}, m_func);
         return true;
     }
     bool canContinue() override {

@@ -65,7 +65,7 @@ public:
     bool canStart() override {
         dlStep(nFilter, "nFilter", 3, 24, 1, '+');
         dlStep(lenFFT, "lenFFT", 8, 9, 1, '+');
-        dlInitAll(m_func, {&src, &dst});
+        dlInitAll({&src, &dst}, m_func);
         return true;
     }
     bool canContinue() override {

@@ -14,7 +14,7 @@ public:
 
     bool canStart() override {
         dlStep(len, "", 3, 3, 1, '+');
-        dlInitAll(m_func, {&pSrcHFB, &pInSWP, &pDSWP, &pDstHFB});
+        dlInitAll({&pSrcHFB, &pInSWP, &pDSWP, &pDstHFB}, m_func);
         return true;
     }
     bool canContinue() override {

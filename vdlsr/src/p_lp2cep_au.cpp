@@ -15,7 +15,7 @@ public:
     bool canStart() override {
         dlStep(len, "Lenght", 5, 21, 1, '+');
         dlScale(scaleFactor, m_func);
-        dlInitAll(m_func, {&pSrc, &pDst});
+        dlInitAll({&pSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {

@@ -22,7 +22,7 @@ public:
             dlStep(lenDst, "", 1, 1, 1, '+');
         }
         dlScale(scaleFactor, m_func);
-        dlInitAll(m_func, {&pSrc, &pDst});
+        dlInitAll({&pSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {

@@ -16,7 +16,7 @@ public:
 
     bool canStart() override {
         dlStep(len, "Lenght", 30, 48, 2, '+');
-        dlInitAll(m_func, {&pSrc, &pDst, &pSrcDst, &srcValues});
+        dlInitAll({&pSrc, &pDst, &pSrcDst, &srcValues}, m_func);
         return true;
     }
     bool canContinue() override {

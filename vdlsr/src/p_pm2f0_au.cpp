@@ -15,7 +15,7 @@ public:
     bool canStart() override {
         dlStep(len, "Length", 4, 512, 2, '*');
         dlScale(scaleFactor, m_func, -24);
-        dlInitAll(m_func, {&pSrc, &pDst});
+        dlInitAll({&pSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {

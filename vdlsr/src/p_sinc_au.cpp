@@ -15,7 +15,7 @@ public:
 
     bool canStart() override {
         dlStep(len, "Length", 10, 48, 2, '+');
-        dlInitAll(m_func, {&pSrc, &pTmp, &pSrcDst});
+        dlInitAll({&pSrc, &pTmp, &pSrcDst}, m_func);
         pDst.init(m_func, DL_DST1);
         return true;
     }

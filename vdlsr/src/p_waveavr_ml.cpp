@@ -16,7 +16,7 @@ public:
 
     bool canStart() override {
         dlStep(len, "len", 32, 512, 64, '+');
-        dlInitAll(m_func, {&pSrc, &pDst});
+        dlInitAll({&pSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
