@@ -46,8 +46,8 @@ const CpuTypeInfo cpuTypeArray[] = {
     {vdlCpuSse41, "Sse41", "Processor with SSE4.1"},
     {vdlCpuSse42, "Sse42", "Processor with SSE4.2"},
     {vdlCpuAvx, "Avx", "Processor with AVX"},
-    {vdlCpuAvx2, "Avx2", "Processor with AVX2 and FMA (256-bit vector code path)"},
-    {vdlCpuAvx512, "Avx512", "Processor with 512-bit vector extensions (512-bit code path)"},
+    {vdlCpuAvx2, "Avx2", "Processor with AVX2 and FMA"},
+    {vdlCpuAvx512, "Avx512", "Processor with AVX-512"},
     {vdlCpuWide64, "Wide64", "Processor with 64-bit mode"},
 };
 
