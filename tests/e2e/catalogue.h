@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "run_program.h"
 
 namespace kelvar_e2e {
@@ -98,6 +100,29 @@ inline size_t functionCount(const std::vector<TestClass>& family) {
     size_t n = 0;
     for (const TestClass& c : family) n += c.functions.size();
     return n;
+}
+
+// -e over the family's classes lists exactly its `count` functions, each
+// with its class and module.
+inline void expectFamilyListed(const std::vector<TestClass>& family, size_t count) {
+    Sandbox box;
+    int code = -1;
+    std::map<std::string, Listed> rows = listFamily(box, family, &code);
+    EXPECT_EQ(0, code);
+    EXPECT_EQ(count, rows.size());
+    EXPECT_EQ(count, functionCount(family));
+    for (const TestClass& c : family) {
+        for (const std::string& f : c.functions) {
+            SCOPED_TRACE(f);
+            std::map<std::string, Listed>::const_iterator row = rows.find(f);
+            if (row == rows.end()) {
+                ADD_FAILURE() << "not listed";
+                continue;
+            }
+            EXPECT_EQ(c.name, row->second.testClass);
+            EXPECT_EQ(c.source, row->second.source);
+        }
+    }
 }
 
 }  // namespace kelvar_e2e
