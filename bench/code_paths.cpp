@@ -25,23 +25,23 @@ struct PathChoice {
 const PathChoice paths[] = {
     {"baseline", vdlCpuUnknown}, {"vec256", vdlCpuAvx2}, {"vec512", vdlCpuAvx512}};
 
-// Least clocks of one call over `batches` batches of calls.
-double clocksPerCall(const std::function<void()>& call, int batches = 60)
+// Calls per timed batch: batches of at least about 200k clocks.
+int callsPerBatch(const std::function<void()>& call)
 {
     call();
-    // Batches of at least about 200k clocks.
-    unsigned long long t0 = __rdtsc();
+    const unsigned long long t0 = __rdtsc();
     call();
     const unsigned long long one = std::max(1ull, __rdtsc() - t0);
-    const int calls = static_cast<int>(std::clamp(200000ull / one, 1ull, 10000ull));
-    double best = 1e300;
-    for (int b = 0; b < batches; ++b) {
-        t0 = __rdtsc();
-        for (int c = 0; c < calls; ++c)
-            call();
-        best = std::min(best, double(__rdtsc() - t0) / calls);
-    }
-    return best;
+    return static_cast<int>(std::clamp(200000ull / one, 1ull, 10000ull));
+}
+
+// Clocks of one call in one batch of `calls` calls.
+double batchClocks(const std::function<void()>& call, int calls)
+{
+    const unsigned long long t0 = __rdtsc();
+    for (int c = 0; c < calls; ++c)
+        call();
+    return double(__rdtsc() - t0) / calls;
 }
 
 // A matrix of `rows` frames of `cols` values, rows `step` apart, and one
@@ -99,24 +99,51 @@ const std::vector<Case>& cases()
 
 } // namespace
 
+// One contender of a case: a code path of the library, or the native loop.
+struct Contender {
+    const char* name;
+    std::function<void()> select;  // sets the path in force before its batches
+    std::function<void()> call;
+    int calls = 1;
+    double best = 1e300;
+};
+
 int main()
 {
     std::printf("%-24s %9s %10s %10s %10s %10s\n", "function (rows x cols)", "path",
                 "clk/elem", "vs base", "native", "vs native");
+    constexpr int rounds = 60;
     for (const Case& c : cases()) {
         Scene scene(c.rows, c.cols);
-        const double elements = double(c.rows) * c.cols;
-        const double native = clocksPerCall([&] { c.native(scene); }) / elements;
-        double baseline = 0;
+        std::vector<Contender> contenders;
+        contenders.push_back({"native", [] {}, [&] { c.native(scene); }});
         for (const PathChoice& p : paths) {
             if (vdlInitCpu(p.type) < 0 || std::string(vdlGetCodePathName()) != p.name)
                 continue;  // this processor or this build lacks the path
-            const double clocks = clocksPerCall([&] { c.library(scene); }) / elements;
-            if (baseline == 0)
-                baseline = clocks;
+            const VdlCpuType type = p.type;
+            contenders.push_back({p.name, [type] { vdlInitCpu(type); },
+                                  [&] { c.library(scene); }});
+        }
+        for (Contender& k : contenders) {
+            k.select();
+            k.calls = callsPerBatch(k.call);
+        }
+        // Rounds of one batch each, in turn, so that a change in the
+        // machine's load falls on every contender alike; the least batch
+        // of each counts.
+        for (int r = 0; r < rounds; ++r)
+            for (Contender& k : contenders) {
+                k.select();
+                k.best = std::min(k.best, batchClocks(k.call, k.calls));
+            }
+        const double elements = double(c.rows) * c.cols;
+        const double native = contenders[0].best / elements;
+        const double baseline = contenders.size() > 1 ? contenders[1].best / elements : 0;
+        for (size_t i = 1; i < contenders.size(); ++i) {
+            const double clocks = contenders[i].best / elements;
             std::printf("%-24s %9s %10.3f %10.2f %10.3f %10.2f\n",
                         (c.name + " " + std::to_string(c.rows) + "x" + std::to_string(c.cols)).c_str(),
-                        p.name, clocks, baseline / clocks, native, clocks / native);
+                        contenders[i].name, clocks, baseline / clocks, native, clocks / native);
         }
     }
     vdlInit();
