@@ -65,6 +65,7 @@ TEST(FeatureArguments, BadOnesAreRefusedWithoutWritingOrRaisingFlags)
         {"bank size of no filter", vdlStsSizeErr, [](B& b) { return vdlsMelFBankGetSize_32s(400, 0, 2, &b.size); }},
         {"bank null", vdlStsNullPtrErr, [](B& b) { return vdlsEvalFBank_16s_Sfs(b.s, b.so, nullptr, 0); }},
         {"mel scale zero", vdlStsBadArgErr, [](B& b) { return vdlsMelToLinear_32f(b.f, b.fo, 4, 0, 700); }},
+        {"padding 16-bit to fewer", vdlStsSizeErr, [](B& b) { return vdlsCopyWithPadding_16s(b.s, 5, b.so, 4); }},
         {"padding to fewer", vdlStsSizeErr, [](B& b) { return vdlsCopyWithPadding_32f(b.f, 5, b.fo, 4); }},
         {"cepstrum of nothing", vdlStsSizeErr, [](B& b) { return vdlsLPToCepstrum_16s_Sfs(b.s, b.so, 0, 0); }},
         {"energy step 0", vdlStsSizeErr, [](B& b) { return vdlsNormEnergy_32f(b.fo, 0, 4, 1, 1); }},
