@@ -120,7 +120,8 @@ TEST_P(Dtw, MatchesThePathSearchOverSizesAndBounds)
     std::mt19937 rng(5);
     const double everything = 1e9;
     // Rows one past the vector widths of 8 and 16 floats; row steps equal to
-    // the width and wider.
+    // the width and wider; sequences too unequal for the warp bound, which
+    // have no path.
     for (int width : {1, 3, 9, 17})
         for (int h1 : {1, 2, 5, 9})
             for (int h2 : {1, 4, 9})
@@ -144,7 +145,7 @@ TEST_P(Dtw, IdenticalSequencesAreAtDistanceZero)
     }
 }
 
-TEST_P(Dtw, BeamNeverLowersTheDistanceAndAWideOneKeepsIt)
+TEST_P(Dtw, BeamNeverLowersTheDistance)
 {
     std::mt19937 rng(7);
     const int sf = scaleFactor();
@@ -156,18 +157,7 @@ TEST_P(Dtw, BeamNeverLowersTheDistanceAndAWideOneKeepsIt)
             ASSERT_EQ(got.status, vdlStsNoErr);
             EXPECT_GE(got.dist, exact * (1 - 1e-6)) << "beam " << beam;
         }
-        expectDistance(call(GetParam(), a, b, delta, 1e9, sf), dtwExact(a, b, delta));
     }
-}
-
-TEST_P(Dtw, LengthsBeyondTheWarpBoundHaveNoPath)
-{
-    std::mt19937 rng(8);
-    const Frames a = randomFrames(rng, 1, 3), b = randomFrames(rng, 5, 3);
-    // One frame against five: four steps of the second alone in a row.
-    expectDistance(call(GetParam(), a, b, 3, 1e9, scaleFactor()), INFINITY);
-    expectDistance(call(GetParam(), a, b, 4, 1e9, scaleFactor()), dtwExact(a, b, 4));
-    expectDistance(call(GetParam(), b, a, 2, 1e9, scaleFactor()), INFINITY);
 }
 
 INSTANTIATE_TEST_SUITE_P(Forms, Dtw, ::testing::ValuesIn(forms),
