@@ -1,15 +1,19 @@
 // Delta regression in all its forms against the regression written out in
 // double: plain and Mul destinations, the in-matrix forms, the Aurora rows
 // of 39, the context rows of a partial deltaMode, and CopyColumn.
+#include <array>
+#include <climits>
 #include <cmath>
 #include <cstring>
-#include <type_traits>
+#include <functional>
 #include <random>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "feature_reference.h"
+#include "scaled_call.h"
 #include "test_data.h"
 #include "vdlsr.h"
 
@@ -18,90 +22,37 @@ using namespace vdltest;
 
 namespace {
 
-// One signature per shape for both element types: float forms ignore the
-// scale factor, integer forms take val as int.
+// The delta entry points of one element type, windows 1 and 2 in that
+// order; integer forms take the multipliers as int and a scale factor.
 template <class T>
 struct Forms;
 
 template <>
 struct Forms<Vdl32f> {
-    static VdlStatus delta(int w, const Vdl32f* s, int wd, Vdl32f* d, int st, int h, double v, int m, int)
-    {
-        return (w == 1 ? vdlsDelta_Win1_32f_D2 : vdlsDelta_Win2_32f_D2)(s, wd, d, st, h, Vdl32f(v), m);
-    }
-    static VdlStatus deltaDelta(int w, const Vdl32f* s, int wd, Vdl32f* d, int st, int h, double v1,
-                                double v2, int m, int)
-    {
-        return (w == 1 ? vdlsDeltaDelta_Win1_32f_D2 : vdlsDeltaDelta_Win2_32f_D2)(
-            s, wd, d, st, h, Vdl32f(v1), Vdl32f(v2), m);
-    }
-    static VdlStatus deltaMul(int w, bool dd, const Vdl32f* s, const Vdl32f* val, int wd, Vdl32f* d,
-                              int st, int h, int m, int)
-    {
-        auto f = dd ? (w == 1 ? vdlsDeltaDeltaMul_Win1_32f_D2 : vdlsDeltaDeltaMul_Win2_32f_D2)
-                    : (w == 1 ? vdlsDeltaMul_Win1_32f_D2 : vdlsDeltaMul_Win2_32f_D2);
-        return f(s, val, wd, d, st, h, m);
-    }
-    static VdlStatus eval(Vdl32f* p, int h, int st, int wd, int off, int w, double v, int)
-    {
-        return vdlsEvalDelta_32f_D2(p, h, st, wd, off, w, Vdl32f(v));
-    }
-    static VdlStatus evalMul(Vdl32f* p, int h, int st, const Vdl32f* val, int wd, int off, int w, int)
-    {
-        return vdlsEvalDeltaMul_32f_D2(p, h, st, val, wd, off, w);
-    }
-    static VdlStatus aurora(const Vdl32f* s, const Vdl32f* val, Vdl32f* d, int st, int h, int m, int)
-    {
-        return val ? vdlsDeltaDeltaMul_Aurora_32f_D2(s, val, d, st, h, m)
-                   : vdlsDeltaDelta_Aurora_32f_D2(s, d, st, h, m);
-    }
-    static VdlStatus copyColumn(const Vdl32f* s, int wd, Vdl32f* d, int st, int h)
-    {
-        return vdlsCopyColumn_32f_D2(s, wd, d, st, h);
-    }
+    static constexpr std::array delta{vdlsDelta_Win1_32f_D2, vdlsDelta_Win2_32f_D2};
+    static constexpr std::array deltaDelta{vdlsDeltaDelta_Win1_32f_D2, vdlsDeltaDelta_Win2_32f_D2};
+    static constexpr std::array deltaMul{vdlsDeltaMul_Win1_32f_D2, vdlsDeltaMul_Win2_32f_D2};
+    static constexpr std::array deltaDeltaMul{vdlsDeltaDeltaMul_Win1_32f_D2, vdlsDeltaDeltaMul_Win2_32f_D2};
+    static constexpr auto eval = vdlsEvalDelta_32f_D2;
+    static constexpr auto evalMul = vdlsEvalDeltaMul_32f_D2;
+    static constexpr auto aurora = vdlsDeltaDelta_Aurora_32f_D2;
+    static constexpr auto auroraMul = vdlsDeltaDeltaMul_Aurora_32f_D2;
+    static constexpr auto copyColumn = vdlsCopyColumn_32f_D2;
     static constexpr double lo = -1, hi = 1, val = 0.25;
     static constexpr int scaleFactors[] = {0};
 };
 
 template <>
 struct Forms<Vdl16s> {
-    static VdlStatus delta(int w, const Vdl16s* s, int wd, Vdl16s* d, int st, int h, double v, int m,
-                           int sf)
-    {
-        return (w == 1 ? vdlsDelta_Win1_16s_D2Sfs : vdlsDelta_Win2_16s_D2Sfs)(s, wd, d, st, h,
-                                                                              int(v), m, sf);
-    }
-    static VdlStatus deltaDelta(int w, const Vdl16s* s, int wd, Vdl16s* d, int st, int h, double v1,
-                                double v2, int m, int sf)
-    {
-        return (w == 1 ? vdlsDeltaDelta_Win1_16s_D2Sfs : vdlsDeltaDelta_Win2_16s_D2Sfs)(
-            s, wd, d, st, h, int(v1), int(v2), m, sf);
-    }
-    static VdlStatus deltaMul(int w, bool dd, const Vdl16s* s, const Vdl16s* val, int wd, Vdl16s* d,
-                              int st, int h, int m, int sf)
-    {
-        auto f = dd ? (w == 1 ? vdlsDeltaDeltaMul_Win1_16s_D2Sfs : vdlsDeltaDeltaMul_Win2_16s_D2Sfs)
-                    : (w == 1 ? vdlsDeltaMul_Win1_16s_D2Sfs : vdlsDeltaMul_Win2_16s_D2Sfs);
-        return f(s, val, wd, d, st, h, m, sf);
-    }
-    static VdlStatus eval(Vdl16s* p, int h, int st, int wd, int off, int w, double v, int sf)
-    {
-        return vdlsEvalDelta_16s_D2Sfs(p, h, st, wd, off, w, int(v), sf);
-    }
-    static VdlStatus evalMul(Vdl16s* p, int h, int st, const Vdl16s* val, int wd, int off, int w,
-                             int sf)
-    {
-        return vdlsEvalDeltaMul_16s_D2Sfs(p, h, st, val, wd, off, w, sf);
-    }
-    static VdlStatus aurora(const Vdl16s* s, const Vdl16s* val, Vdl16s* d, int st, int h, int m, int sf)
-    {
-        return val ? vdlsDeltaDeltaMul_Aurora_16s_D2Sfs(s, val, d, st, h, m, sf)
-                   : vdlsDeltaDelta_Aurora_16s_D2Sfs(s, d, st, h, m, sf);
-    }
-    static VdlStatus copyColumn(const Vdl16s* s, int wd, Vdl16s* d, int st, int h)
-    {
-        return vdlsCopyColumn_16s_D2(s, wd, d, st, h);
-    }
+    static constexpr std::array delta{vdlsDelta_Win1_16s_D2Sfs, vdlsDelta_Win2_16s_D2Sfs};
+    static constexpr std::array deltaDelta{vdlsDeltaDelta_Win1_16s_D2Sfs, vdlsDeltaDelta_Win2_16s_D2Sfs};
+    static constexpr std::array deltaMul{vdlsDeltaMul_Win1_16s_D2Sfs, vdlsDeltaMul_Win2_16s_D2Sfs};
+    static constexpr std::array deltaDeltaMul{vdlsDeltaDeltaMul_Win1_16s_D2Sfs, vdlsDeltaDeltaMul_Win2_16s_D2Sfs};
+    static constexpr auto eval = vdlsEvalDelta_16s_D2Sfs;
+    static constexpr auto evalMul = vdlsEvalDeltaMul_16s_D2Sfs;
+    static constexpr auto aurora = vdlsDeltaDelta_Aurora_16s_D2Sfs;
+    static constexpr auto auroraMul = vdlsDeltaDeltaMul_Aurora_16s_D2Sfs;
+    static constexpr auto copyColumn = vdlsCopyColumn_16s_D2;
     static constexpr double lo = -300, hi = 300, val = 3;
     static constexpr int scaleFactors[] = {0, 2, -1};
 };
@@ -116,32 +67,45 @@ const Shape shapes[] = {{1, 1}, {5, 9}, {3, 17}, {7, 65}, {9, 13}};
 template <class T>
 class DeltaForms : public ::testing::Test {
 protected:
+    using F = Forms<T>;
+
     Matrix frames(int height, int width)
     {
         Matrix x(height);
         for (auto& row : x)
-            row = randomValues<T>(rng, width, Forms<T>::lo, Forms<T>::hi);
+            row = randomValues<T>(rng, width, F::lo, F::hi);
         return x;
     }
-    std::vector<T> packed(const Matrix& x)
+    static std::vector<T> packed(const Matrix& x)
     {
         std::vector<T> v;
         for (const auto& row : x)
             v.insert(v.end(), row.begin(), row.end());
         return v;
     }
-    // Result element of an exact value: integers scaled and rounded.
-    static double expected(double v, int sf)
+    std::vector<T> multipliers(int count, double lo) { return convert<T>(randomValues<T>(rng, count, lo, 3)); }
+
+    // Row t of dst (`step` apart) holds in block b, the `width` values from
+    // b * width, the exact value want(b, t, k) as the form rounds it. Rows
+    // outside [first, last) keep `kept` in every block after the first.
+    static void expectBlocks(const std::vector<T>& dst, int step, int height, int width, int blocks, int sf,
+                             const std::function<double(int, int, int)>& want, int first = 0,
+                             int last = INT_MAX, T kept = T())
     {
-        if (std::is_floating_point<T>::value)
-            return static_cast<T>(v);
-        return roundSaturate<T>(v * std::ldexp(1.0, -sf));
-    }
-    void expectCell(T got, double want, int sf, const char* what, int t, int k)
-    {
-        const double e = expected(want, sf);
-        const double tol = std::is_floating_point<T>::value ? 2e-5 * (1 + std::fabs(e)) : 0;
-        EXPECT_NEAR(double(got), e, tol) << what << " row " << t << " col " << k << " sf " << sf;
+        for (int t = 0; t < height; ++t)
+            for (int b = 0; b < blocks; ++b)
+                for (int k = 0; k < width; ++k) {
+                    const T got = dst[size_t(t) * step + b * width + k];
+                    if (b > 0 && (t < first || t >= last)) {
+                        EXPECT_EQ(got, kept) << "block " << b << " row " << t << " col " << k;
+                        continue;
+                    }
+                    const double e = std::is_floating_point<T>::value
+                                         ? static_cast<T>(want(b, t, k))
+                                         : roundSaturate<T>(want(b, t, k) * std::ldexp(1.0, -sf));
+                    const double tol = std::is_floating_point<T>::value ? 2e-5 * (1 + std::fabs(e)) : 0;
+                    EXPECT_NEAR(double(got), e, tol) << "block " << b << " row " << t << " col " << k << " sf " << sf;
+                }
     }
     std::mt19937 rng{11};
 };
@@ -152,29 +116,25 @@ TYPED_TEST_SUITE(DeltaForms, Types);
 TYPED_TEST(DeltaForms, DeltaAndDoubleDeltaFollowTheRegression)
 {
     using T = TypeParam;
+    using F = Forms<T>;
     for (const Shape& s : shapes)
         for (int w = 1; w <= 2; ++w)
             for (int blocks = 2; blocks <= 3; ++blocks)
-                for (int sf : Forms<T>::scaleFactors) {
+                for (int sf : F::scaleFactors) {
                     const Matrix x = this->frames(s.height, s.width);
                     const std::vector<T> src = this->packed(x);
                     const int step = blocks * s.width + 3;
                     std::vector<T> dst(size_t(s.height) * step, poison<T>());
-                    const double v1 = Forms<T>::val, v2 = 2 * Forms<T>::val;
+                    const double v1 = F::val, v2 = 2 * F::val;
                     ASSERT_EQ(vdlStsNoErr,
-                              blocks == 2 ? Forms<T>::delta(w, src.data(), s.width, dst.data(), step,
-                                                            s.height, v1, 3, sf)
-                                          : Forms<T>::deltaDelta(w, src.data(), s.width, dst.data(),
-                                                                 step, s.height, v1, v2, 3, sf));
+                              blocks == 2 ? callScaled(F::delta[w - 1], sf, src.data(), s.width, dst.data(), step,
+                                                       s.height, v1, 3)
+                                          : callScaled(F::deltaDelta[w - 1], sf, src.data(), s.width, dst.data(),
+                                                       step, s.height, v1, v2, 3));
                     const Matrix d = regression(x, w), dd = regression(d, w);
-                    for (int t = 0; t < s.height; ++t)
-                        for (int k = 0; k < s.width; ++k) {
-                            const T* row = &dst[size_t(t) * step];
-                            EXPECT_EQ(row[k], src[size_t(t) * s.width + k]);
-                            this->expectCell(row[s.width + k], v1 * d[t][k], sf, "delta", t, k);
-                            if (blocks == 3)
-                                this->expectCell(row[2 * s.width + k], v2 * dd[t][k], sf, "dd", t, k);
-                        }
+                    this->expectBlocks(dst, step, s.height, s.width, blocks, sf, [&](int b, int t, int k) {
+                        return b == 0 ? x[t][k] * std::ldexp(1.0, sf) : b == 1 ? v1 * d[t][k] : v2 * dd[t][k];
+                    });
                     // The row padding is never written.
                     const T p = poison<T>();
                     for (int t = 0; t < s.height; ++t)
@@ -186,27 +146,21 @@ TYPED_TEST(DeltaForms, DeltaAndDoubleDeltaFollowTheRegression)
 TYPED_TEST(DeltaForms, MulFormsMultiplyEveryBlockByItsColumn)
 {
     using T = TypeParam;
+    using F = Forms<T>;
     for (const Shape& s : shapes)
         for (int w = 1; w <= 2; ++w)
             for (bool dd : {false, true})
-                for (int sf : Forms<T>::scaleFactors) {
+                for (int sf : F::scaleFactors) {
                     const Matrix x = this->frames(s.height, s.width);
-                    const std::vector<T> src = this->packed(x);
-                    const std::vector<T> val = convert<T>(randomValues<T>(this->rng, 3 * s.width, -3, 3));
+                    const std::vector<T> src = this->packed(x), val = this->multipliers(3 * s.width, -3);
                     const int step = 3 * s.width + 1;
                     std::vector<T> dst(size_t(s.height) * step, poison<T>());
-                    ASSERT_EQ(vdlStsNoErr, Forms<T>::deltaMul(w, dd, src.data(), val.data(), s.width,
-                                                              dst.data(), step, s.height, 3, sf));
+                    ASSERT_EQ(vdlStsNoErr, callScaled((dd ? F::deltaDeltaMul : F::deltaMul)[w - 1], sf, src.data(),
+                                                      val.data(), s.width, dst.data(), step, s.height, 3));
                     const Matrix d = regression(x, w), d2 = regression(d, w);
-                    for (int t = 0; t < s.height; ++t)
-                        for (int k = 0; k < s.width; ++k) {
-                            const T* row = &dst[size_t(t) * step];
-                            this->expectCell(row[k], val[k] * x[t][k], sf, "static", t, k);
-                            this->expectCell(row[s.width + k], val[s.width + k] * d[t][k], sf, "delta", t, k);
-                            if (dd)
-                                this->expectCell(row[2 * s.width + k], val[2 * s.width + k] * d2[t][k],
-                                                 sf, "dd", t, k);
-                        }
+                    this->expectBlocks(dst, step, s.height, s.width, dd ? 3 : 2, sf, [&](int b, int t, int k) {
+                        return val[b * s.width + k] * (b == 0 ? x : b == 1 ? d : d2)[t][k];
+                    });
                 }
 }
 
@@ -221,91 +175,68 @@ TYPED_TEST(DeltaForms, PartialModeLeavesContextRowsAlone)
     const std::vector<T> src = this->packed(x);
     const Matrix d = regression(x, w), dd = regression(d, w);
     for (int mode = 0; mode <= 3; ++mode) {
+        SCOPED_TRACE(::testing::Message() << "mode " << mode);
         std::vector<T> dst(size_t(height) * step, T(7));
-        ASSERT_EQ(vdlStsNoErr, Forms<T>::deltaDelta(w, src.data(), width, dst.data(), step, height,
-                                                    1, 1, mode, 0));
-        const int first = mode & 1 ? 0 : 2 * w, last = mode & 2 ? height : height - 2 * w;
-        for (int t = 0; t < height; ++t)
-            for (int k = 0; k < width; ++k) {
-                const T* row = &dst[size_t(t) * step];
-                EXPECT_EQ(row[k], src[size_t(t) * width + k]);
-                if (t < first || t >= last) {
-                    EXPECT_EQ(row[width + k], T(7)) << "mode " << mode << " row " << t;
-                    EXPECT_EQ(row[2 * width + k], T(7)) << "mode " << mode << " row " << t;
-                } else {
-                    this->expectCell(row[width + k], d[t][k], 0, "delta", t, k);
-                    this->expectCell(row[2 * width + k], dd[t][k], 0, "dd", t, k);
-                }
-            }
+        ASSERT_EQ(vdlStsNoErr, callScaled(Forms<T>::deltaDelta[w - 1], 0, src.data(), width, dst.data(), step,
+                                          height, 1.0, 1.0, mode));
+        this->expectBlocks(
+            dst, step, height, width, 3, 0, [&](int b, int t, int k) { return (b == 0 ? x : b == 1 ? d : dd)[t][k]; },
+            mode & 1 ? 0 : 2 * w, mode & 2 ? height : height - 2 * w, T(7));
     }
 }
 
 TYPED_TEST(DeltaForms, EvalDeltaWritesBesideTheStaticsFromTheOffset)
 {
     using T = TypeParam;
+    using F = Forms<T>;
     for (const Shape& s : shapes)
         for (int w = 1; w <= 2; ++w)
             for (int offset : {0, 2})
                 for (bool mul : {false, true}) {
                     if (offset >= s.height)
                         continue;
-                    const int sf = Forms<T>::scaleFactors[0];
+                    const int sf = F::scaleFactors[0];
                     const Matrix x = this->frames(s.height, s.width);
                     const int step = 3 * s.width + 2;
                     std::vector<T> m(size_t(s.height) * step, T(5));
                     for (int t = 0; t < s.height; ++t)
-                        for (int k = 0; k < s.width; ++k)
-                            m[size_t(t) * step + k] = static_cast<T>(x[t][k]);
-                    const std::vector<T> val = convert<T>(randomValues<T>(this->rng, 3 * s.width, -3, 3));
+                        std::copy(x[t].begin(), x[t].end(), &m[size_t(t) * step]);
+                    const std::vector<T> val = this->multipliers(3 * s.width, -3);
                     ASSERT_EQ(vdlStsNoErr,
-                              mul ? Forms<T>::evalMul(m.data(), s.height, step, val.data(), s.width,
-                                                      offset, w, sf)
-                                  : Forms<T>::eval(m.data(), s.height, step, s.width, offset, w,
-                                                   Forms<T>::val, sf));
+                              mul ? callScaled(F::evalMul, sf, m.data(), s.height, step, val.data(), s.width, offset, w)
+                                  : callScaled(F::eval, sf, m.data(), s.height, step, s.width, offset, w, F::val));
                     const Matrix d = regression(x, w), dd = regression(d, w);
-                    for (int t = 0; t < s.height; ++t)
-                        for (int k = 0; k < s.width; ++k) {
-                            const T* row = &m[size_t(t) * step];
-                            EXPECT_EQ(double(row[k]), x[t][k]);
-                            if (t < offset) {
-                                EXPECT_EQ(row[s.width + k], T(5));
-                                continue;
-                            }
-                            const double m1 = mul ? val[s.width + k] : Forms<T>::val;
-                            const double m2 = mul ? val[2 * s.width + k] : Forms<T>::val;
-                            this->expectCell(row[s.width + k], m1 * d[t][k], sf, "delta", t, k);
-                            this->expectCell(row[2 * s.width + k], m2 * dd[t][k], sf, "dd", t, k);
-                        }
+                    this->expectBlocks(m, step, s.height, s.width, 3, sf, [&](int b, int t, int k) {
+                        const double factor = b == 0 ? 1 : mul ? double(val[b * s.width + k]) : F::val;
+                        return factor * (b == 0 ? x : b == 1 ? d : dd)[t][k];
+                    }, offset, INT_MAX, T(5));
                 }
 }
 
+// Rows of 14 (12 cepstra, c0, energy) become rows of 39: the 12 cepstra and
+// energy, their deltas over a window of 3 and double deltas over 2.
 TYPED_TEST(DeltaForms, AuroraRowsHoldCepstraAndEnergyWithTheirDynamics)
 {
     using T = TypeParam;
+    using F = Forms<T>;
     for (int height : {1, 6, 11})
         for (bool mul : {false, true}) {
-            const int sf = Forms<T>::scaleFactors[0], step = 41;
+            const int sf = F::scaleFactors[0], step = 41;
             const Matrix src = this->frames(height, 14);
             Matrix x(height);
             for (int t = 0; t < height; ++t) {
                 x[t].assign(src[t].begin(), src[t].begin() + 12);
                 x[t].push_back(src[t][13]);
             }
-            const std::vector<T> in = this->packed(src);
-            const std::vector<T> val = convert<T>(randomValues<T>(this->rng, 39, 1, 3));
+            const std::vector<T> in = this->packed(src), val = this->multipliers(39, 1);
             std::vector<T> dst(size_t(height) * step, poison<T>());
-            ASSERT_EQ(vdlStsNoErr, Forms<T>::aurora(in.data(), mul ? val.data() : nullptr, dst.data(),
-                                                    step, height, 3, sf));
+            ASSERT_EQ(vdlStsNoErr, mul ? callScaled(F::auroraMul, sf, in.data(), val.data(), dst.data(), step, height, 3)
+                                       : callScaled(F::aurora, sf, in.data(), dst.data(), step, height, 3));
             const Matrix d = scaledBy(regression(x, 3), 1.0 / 28);
             const Matrix dd = scaledBy(regression(d, 2), 1.0 / 10);
-            for (int t = 0; t < height; ++t)
-                for (int k = 0; k < 13; ++k) {
-                    const T* row = &dst[size_t(t) * step];
-                    auto m = [&](int j) { return mul ? double(val[j]) : 1.0; };
-                    this->expectCell(row[k], m(k) * x[t][k], sf, "static", t, k);
-                    this->expectCell(row[13 + k], m(13 + k) * d[t][k], sf, "delta", t, k);
-                    this->expectCell(row[26 + k], m(26 + k) * dd[t][k], sf, "dd", t, k);
-                }
+            this->expectBlocks(dst, step, height, 13, 3, sf, [&](int b, int t, int k) {
+                return (mul ? double(val[13 * b + k]) : 1.0) * (b == 0 ? x : b == 1 ? d : dd)[t][k];
+            });
         }
 }
 

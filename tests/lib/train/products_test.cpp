@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "scaled_call.h"
 #include "train_reference.h"
 #include "vdlsr.h"
 
@@ -12,41 +13,24 @@ using namespace trainref;
 
 namespace {
 
-template <class S, class D, int Sf>
+// The four products of one element type: matrix times vector and vector
+// times matrix, rows `step` apart or behind a table of pointers.
+template <class S, class D, int Sf, auto MatVec, auto MatVecL, auto VecMat, auto VecMatL>
 struct ProductForm {
     using Src = S;
     using Dst = D;
     static constexpr int scaleFactor = Sf;
+    static constexpr auto matVec = MatVec, matVecL = MatVecL, vecMat = VecMat, vecMatL = VecMatL;
 };
 
-#define PRODUCT_FORM(Name, S, D, Sf, suffix, ...)                                              \
-    struct Name : ProductForm<S, D, Sf> {                                                      \
-        static VdlStatus matVec(const S* m, int step, const S* v, int w, D* dst, int h)        \
-        {                                                                                      \
-            return vdlsMatVecMul_##suffix##_D2##__VA_ARGS__(m, step, v, w, dst, h SF_ARG);     \
-        }                                                                                      \
-        static VdlStatus matVecL(const S* const* m, const S* v, int w, D* dst, int h)          \
-        {                                                                                      \
-            return vdlsMatVecMul_##suffix##_D2L##__VA_ARGS__(m, v, w, dst, h SF_ARG);          \
-        }                                                                                      \
-        static VdlStatus vecMat(const S* v, const S* m, int step, int h, D* dst, int w)        \
-        {                                                                                      \
-            return vdlsVecMatMul_##suffix##_D2##__VA_ARGS__(v, m, step, h, dst, w SF_ARG);     \
-        }                                                                                      \
-        static VdlStatus vecMatL(const S* v, const S* const* m, int h, D* dst, int w)          \
-        {                                                                                      \
-            return vdlsVecMatMul_##suffix##_D2L##__VA_ARGS__(v, m, h, dst, w SF_ARG);          \
-        }                                                                                      \
-    }
-
-#define SF_ARG
-PRODUCT_FORM(Product32f, Vdl32f, Vdl32f, 0, 32f);
-#undef SF_ARG
-#define SF_ARG , scaleFactor
-PRODUCT_FORM(Product16s, Vdl16s, Vdl16s, 9, 16s, Sfs);
-PRODUCT_FORM(Product16s32s, Vdl16s, Vdl32s, -1, 16s32s, Sfs);
-PRODUCT_FORM(Product32s, Vdl32s, Vdl32s, 6, 32s, Sfs);
-#undef SF_ARG
+using Product32f = ProductForm<Vdl32f, Vdl32f, 0, vdlsMatVecMul_32f_D2, vdlsMatVecMul_32f_D2L,
+                               vdlsVecMatMul_32f_D2, vdlsVecMatMul_32f_D2L>;
+using Product16s = ProductForm<Vdl16s, Vdl16s, 9, vdlsMatVecMul_16s_D2Sfs, vdlsMatVecMul_16s_D2LSfs,
+                               vdlsVecMatMul_16s_D2Sfs, vdlsVecMatMul_16s_D2LSfs>;
+using Product16s32s = ProductForm<Vdl16s, Vdl32s, -1, vdlsMatVecMul_16s32s_D2Sfs, vdlsMatVecMul_16s32s_D2LSfs,
+                                  vdlsVecMatMul_16s32s_D2Sfs, vdlsVecMatMul_16s32s_D2LSfs>;
+using Product32s = ProductForm<Vdl32s, Vdl32s, 6, vdlsMatVecMul_32s_D2Sfs, vdlsMatVecMul_32s_D2LSfs,
+                               vdlsVecMatMul_32s_D2Sfs, vdlsVecMatMul_32s_D2LSfs>;
 
 template <class F>
 class Products : public ::testing::Test {};
@@ -66,10 +50,11 @@ TYPED_TEST(Products, BothSidesAndLayoutsMatchATripleLoop)
         const auto vh = randomValues<S>(rng, s.height, -100, 100);
         const std::vector<S> xw = convert<S>(vw), xh = convert<S>(vh);
         std::vector<D> dh(s.height), dhL(s.height), dw(s.width), dwL(s.width);
-        ASSERT_EQ(vdlStsNoErr, F::matVec(m.flat(), s.step, xw.data(), s.width, dh.data(), s.height));
-        ASSERT_EQ(vdlStsNoErr, F::matVecL(m.rowTable(), xw.data(), s.width, dhL.data(), s.height));
-        ASSERT_EQ(vdlStsNoErr, F::vecMat(xh.data(), m.flat(), s.step, s.height, dw.data(), s.width));
-        ASSERT_EQ(vdlStsNoErr, F::vecMatL(xh.data(), m.rowTable(), s.height, dwL.data(), s.width));
+        const int sf = F::scaleFactor;
+        ASSERT_EQ(vdlStsNoErr, callScaled(F::matVec, sf, m.flat(), s.step, xw.data(), s.width, dh.data(), s.height));
+        ASSERT_EQ(vdlStsNoErr, callScaled(F::matVecL, sf, m.rowTable(), xw.data(), s.width, dhL.data(), s.height));
+        ASSERT_EQ(vdlStsNoErr, callScaled(F::vecMat, sf, xh.data(), m.flat(), s.step, s.height, dw.data(), s.width));
+        ASSERT_EQ(vdlStsNoErr, callScaled(F::vecMatL, sf, xh.data(), m.rowTable(), s.height, dwL.data(), s.width));
         EXPECT_EQ(dh, dhL);
         EXPECT_EQ(dw, dwL);
         for (int i = 0; i < s.height; ++i) {

@@ -125,16 +125,13 @@ INSTANTIATE_TEST_SUITE_P(Shapes, Svd,
                                     std::to_string(c.rank);
                          });
 
-TEST(SvdLimits, ReportsTheIterationLimitAndRefusesBadShapes)
+TEST(SvdLimits, ReportsTheIterationLimit)
 {
     std::mt19937 rng(3);
     const Dense a = randomMatrix(rng, 8, 8, 8, 8);
     Dense u(8, 8, 8), v(8, 8, 8);
     std::vector<double> w(8);
     EXPECT_EQ(vdlStsErr, vdlsSVD_64f_D2(a.data.data(), u.data.data(), 8, w.data(), v.data.data(), 8, 8, 1));
-    EXPECT_EQ(vdlStsBadArgErr, vdlsSVD_64f_D2(a.data.data(), u.data.data(), 8, w.data(), v.data.data(), 8, 8, 0));
-    EXPECT_EQ(vdlStsSizeErr, vdlsSVD_64f_D2(a.data.data(), u.data.data(), 4, w.data(), v.data.data(), 8, 8, 9));
-    EXPECT_EQ(vdlStsStepErr, vdlsSVD_64f_D2(a.data.data(), u.data.data(), 8, w.data(), v.data.data(), 8, 7, 9));
 }
 
 TEST(ColumnSteps, MatchPlainLoopsOverTheirRows)

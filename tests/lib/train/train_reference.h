@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "test_data.h"
 #include "vdlcore.h"
 
@@ -83,6 +85,19 @@ double tolerance(double x)
     if (std::is_floating_point<D>::value)
         return 1e-5 * (1 + std::fabs(x));
     return 1.0;
+}
+
+// Both layouts agree exactly and match the model: floats within
+// absTol + relTol * |value|, integers by the one scale rule within intTol.
+template <class D>
+void expectLayouts(const std::vector<D>& d2, const std::vector<D>& d2l, const std::vector<double>& want,
+                   int scaleFactor, double absTol, double relTol, double intTol = 0)
+{
+    EXPECT_EQ(d2, d2l) << "the layouts differ";
+    for (size_t k = 0; k < want.size(); ++k) {
+        const double e = expected<D>(want[k], scaleFactor);
+        EXPECT_NEAR(d2[k], e, std::is_floating_point<D>::value ? absTol + relTol * std::fabs(e) : intTol) << k;
+    }
 }
 
 } // namespace trainref
