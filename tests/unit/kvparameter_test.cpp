@@ -1,3 +1,5 @@
+// Parameters and iterators: their text forms, walks and refusals, and
+// their reading from the parameter input.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -7,7 +9,6 @@
 #include "kvexception.h"
 #include "kvistream.h"
 #include "kvparameter.h"
-#include "kvstream.h"
 #include "testutil.h"
 
 namespace {
@@ -65,10 +66,8 @@ TEST(StepIterator, ConflictsAndStepsThatCannotAdvanceAreRefused) {
         EXPECT_EQ(translateError(it, text), conflict) << text;
     EXPECT_EQ(walk(it), (std::vector<int>{1, 2, 3}));   // the old walk stays
     EXPECT_THROW(it.init("len", 1, 10, 1, '-'), kvException);
-    EXPECT_EQ(translateError(it, "a; 10; +1"), "Invalid first value = a");
     EXPECT_EQ(translateError(it, "1; b; +1"), "Invalid last value = b");
     EXPECT_EQ(translateError(it, "1; 10; +c"), "Invalid step = c");
-    EXPECT_EQ(translateError(it, ""), "Empty iterator definition");
     EXPECT_EQ(translateError(it, " ; ;"), "Empty iterator definition");
 }
 
@@ -76,8 +75,6 @@ TEST(StepIterator, FloatMultiplicationMayShrinkTowardsZero) {
     kvStepIterator<float> it;
     it.translate("1; 0.125; *0.5");
     EXPECT_EQ(walk(it), (std::vector<float>{1, 0.5f, 0.25f, 0.125f}));
-    it.translate("-1; -8; *2");
-    EXPECT_EQ(walk(it), (std::vector<float>{-1, -2, -4, -8}));
     it.translate("1;2;+0.25");
     EXPECT_EQ(walk(it).size(), 5u);
     // The last: too small a step for floats of that size never moves the value.
@@ -92,8 +89,6 @@ TEST(StepIterator, TextForms) {
     EXPECT_STREQ(it.description().c_str(), "for (len = 1; len <= 10; len += 3)");
     EXPECT_STREQ(it.defaultString().c_str(), "1; 10; +3");
     EXPECT_STREQ(it.prompt().c_str(), "for len");
-    it.translate(it.defaultString());
-    EXPECT_EQ(walk(it), (std::vector<int>{1, 4, 7, 10}));
     it.translate("10 2 -4");
     EXPECT_STREQ(it.description().c_str(), "for (len = 10; len >= 2; len -= 4)");
     it.translate("1;2;3");   // no sign: a list
@@ -108,8 +103,6 @@ TEST(StepIterator, TextForms) {
 
 TEST(Defaults, AlignAndShiftAreNormalised) {
     DefaultAlign align(0, "VectorAlign", "");
-    align.translate("70");
-    EXPECT_EQ(align.value(), 6);
     align.translate("-70");
     EXPECT_EQ(align.value(), -6);
     EXPECT_EQ(translateError(align, "abc"), "Invalid value of VectorAlign = abc");
@@ -173,23 +166,17 @@ TEST(Enums, HintNamesAndAllowedValues) {
     EXPECT_EQ(walk(d), (std::vector<double>{0.25}));
 }
 
-// Collects what g_ostrm writes during one test.
+// Collects what g_ostrm writes during one test; the input is emptied after.
 class OutputCapture : public ::testing::Test {
 protected:
-    void SetUp() override {
-        m_level = g_ostrm.getOutLevel();
-        g_ostrm.setOutLevel(7);
-        g_ostrm.setMsgLevel(PERF);
-    }
+    void SetUp() override { g_ostrm.setMsgLevel(PERF); }
     void TearDown() override {
         g_ostrm.restoreMsgLevel();
-        g_ostrm.setOutLevel(m_level);
         g_istrm.dataList().clear();
         g_istrm.setIStream(0);
     }
     std::string text() { return m_capture.text(); }
-    StreamCapture<kvOStream> m_capture{g_ostrm};
-    OutputLevel m_level = 0;
+    LogCapture m_capture;
 };
 
 TEST_F(OutputCapture, FromIStreamKeepsTheOldValueOnABadOne) {
