@@ -1,5 +1,5 @@
-// The session: a whole run in one process, file naming, the signal file, the
-// library hooks and the registration functions.
+// The session: file naming, the signal file, the library hooks and the
+// registration functions. Whole runs are checked by running the program itself.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -7,42 +7,9 @@
 #include "kv/kvsession.h"
 #include "kvtest.h"
 #include "kvtestlist.h"
-#include "kvticker.h"
 #include "testutil.h"
 
-#include <gmock/gmock.h>
-
-using ::testing::HasSubstr;
-
 namespace {
-
-kvResult steadyLoop(int loops, long long* clocks) {
-    *clocks = 250LL * loops;
-    return KV_OK;
-}
-
-TEST(KvSessionRun, PlainTestRunsEndToEnd) {
-    kvCpuTicker::setFreq(1000);
-    static TempDir dir;  // the session's files stay open until the process ends
-    std::string base = dir.dir();
-    std::string log = base + "/log.txt";
-    g_ostrm.addStream(log.c_str(), false);
-
-    kvRegTest(new kvTest(steadyLoop, (funcStat)0, "plainTest", "tests/p_plain_au", "TimPlain"));
-    pSession = new kvSession;
-    std::string exe = base + "/kelvar";
-    char* argv[] = {const_cast<char*>(exe.c_str()), nullptr};
-    int code = pSession->run(1, argv);
-    EXPECT_EQ(0, code);
-    EXPECT_EQ(nullptr, pTestList);  // deleted at the end of the run
-    g_ostrm.flush();
-
-    std::string text = readFile(log.c_str());
-    EXPECT_THAT(text, HasSubstr("| CPU      : "));
-    EXPECT_THAT(text, HasSubstr("| .Successes       : 2"));
-    // Sorted: the pseudo-test's name sorts before "plainTest".
-    EXPECT_LT(text.find("-OK         __kvOrvanCpu"), text.find("-OK         plainTest"));
-}
 
 TEST(KvSessionPaths, DirectoriesAreRelativeToTheExecutable) {
     kvSession::m_exePath = "/opt/kv/bin/kelvar";

@@ -107,22 +107,4 @@ TEST(KvTestList, RunTestsSelectsCountsAndStartsFrom) {
     clearList(list);
 }
 
-TEST(KvTestList, ConditionsAndHotListNarrowTheRun) {
-    kvTestList list;
-    Scripted* a = new Scripted("vdlsLogAdd_32f", 1);
-    Scripted* b = new Scripted("vdlsLogGauss_32f_D2", 2);
-    list.insert(list.end(), a);
-    list.insert(list.end(), b);
-    kvConditions conditions;
-    RunCondition_f log("Log");
-    RunCondition_fNot gauss("Gauss");
-    conditions.insert(conditions.end(), &log);
-    conditions.insert(conditions.end(), &gauss);
-    EXPECT_FALSE(list.runTests(conditions));
-    EXPECT_EQ(1, a->runs);
-    EXPECT_EQ(0, b->runs);
-    conditions.clear();
-    clearList(list);
-}
-
 }  // namespace
