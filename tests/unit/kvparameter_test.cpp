@@ -71,16 +71,24 @@ TEST(StepIterator, ConflictsAndStepsThatCannotAdvanceAreRefused) {
     EXPECT_EQ(translateError(it, " ; ;"), "Empty iterator definition");
 }
 
-TEST(StepIterator, FloatMultiplicationMayShrinkTowardsZero) {
+TEST(StepIterator, FloatWalksAndStepsTooSmallToMoveTheValue) {
     kvStepIterator<float> it;
     it.translate("1; 0.125; *0.5");
     EXPECT_EQ(walk(it), (std::vector<float>{1, 0.5f, 0.25f, 0.125f}));
     it.translate("1;2;+0.25");
     EXPECT_EQ(walk(it).size(), 5u);
-    // The last: too small a step for floats of that size never moves the value.
+    // A step too small for floats of that size never moves the value. At 2^26
+    // floats lie 8 apart: +4 from the odd 67108872 reaches the even 67108880,
+    // and from there each +4 rounds back to it, so the walk never ended.
     for (const char* text : {"1; 8; *0.5", "8; 1; *2", "-1; -8; *0.5", "1; 8; *-2", "2; 2; *1",
-                             "16777216; 16777300; +1"})
+                             "16777216; 16777300; +1", "67108872 67109672 +4",
+                             "-67108872; -67109672; -4", "67109672; 67108872; +-4",
+                             "16777218; 25586834; +1"})
         EXPECT_EQ(translateError(it, text), conflict) << text;
+    EXPECT_EQ(walk(it), (std::vector<float>{1, 1.25f, 1.5f, 1.75f, 2}));  // the old walk stays
+    // Just above half the spacing each step rounds up to the next float.
+    it.translate("67108872 67108896 +5");
+    EXPECT_EQ(walk(it), (std::vector<float>{67108872, 67108880, 67108888, 67108896}));
 }
 
 TEST(StepIterator, TextForms) {
@@ -202,18 +210,3 @@ TEST_F(OutputCapture, ConsoleAnswerIsEchoedEvenAtALowLevel) {
 }
 
 }  // namespace
-
-// At 2^26 floats lie 8 apart: +4 from the odd 67108872 reaches the even
-// 67108880, and from there each +4 rounds back to it, so the walk never ended.
-TEST(StepIterator, FloatStepOfHalfTheSpacingIsRefused) {
-    kvStepIterator<float> it;
-    it.translate("1;3;+1");
-    EXPECT_EQ(translateError(it, "67108872 67109672 +4"), conflict);
-    EXPECT_EQ(translateError(it, "-67108872; -67109672; -4"), conflict);
-    EXPECT_EQ(translateError(it, "67109672; 67108872; +-4"), conflict);
-    EXPECT_EQ(translateError(it, "16777218; 25586834; +1"), conflict);
-    EXPECT_EQ(walk(it), (std::vector<float>{1, 2, 3}));
-    // Just above half the spacing each step rounds up to the next float.
-    it.translate("67108872 67108896 +5");
-    EXPECT_EQ(walk(it), (std::vector<float>{67108872, 67108880, 67108888, 67108896}));
-}
