@@ -83,16 +83,12 @@ TEST(Exception, InputAndSignalTextsAndTheirBuffers) {
     EXPECT_EQ(longText.substr(0, 255), e.info());
 }
 
-TEST(Exception, InfoByLastSignal) {
+// The signals a region catches are named by the faults below.
+TEST(Exception, OtherSignalsAreUnknown) {
     int saved = tsSignal::m_code;
-    const struct {
-        int code;
-        const char* text;
-    } cases[] = {{SIGILL, illText}, {SIGUSR1, "Unknown exception"}, {0, "Unknown exception"}};
-    for (const auto& c : cases) {
-        tsSignal::m_code = c.code;
-        EXPECT_EQ(c.code, tsSignal::code());
-        EXPECT_STREQ(c.text, tsSignal::getInfo());
+    for (int code : {SIGUSR1, 0}) {
+        tsSignal::m_code = code;
+        EXPECT_STREQ("Unknown exception", tsSignal::getInfo()) << code;
     }
     tsSignal::m_code = saved;
 }
