@@ -66,15 +66,6 @@ TEST(KvString, SearchSubstringsAndTrim) {
     EXPECT_TRUE(kvString(" \t\r").trim().empty());
 }
 
-TEST(KvString, FileNameParts) {
-    kvString p("dir/name.tar.gz");
-    EXPECT_STREQ("name.tar.gz", p.getFileName().c_str());
-    EXPECT_STREQ("dir/", p.getFileDir().c_str());
-    EXPECT_STREQ("name.tar", p.getFileTitle().c_str());
-    EXPECT_STREQ("a\\b/", kvString("a\\b/c").getFileDir().c_str());
-    EXPECT_TRUE(kvString("bare").getFileDir().empty());
-}
-
 TEST(KvString, NumberFormats) {
     kvString s;
     s << 0.0 << " " << 1000000.0 << " " << 1234.5 << " " << 2.5f << " " << -7 << " " << 12345678901LL
