@@ -1,5 +1,5 @@
-// The registry: registration texts, the stable sort, result counting, -F and
-// the run of a selection.
+// The registry: registration texts, the stable sort, -F and the counting of
+// a run's results (their totals are shown by the summary's test).
 #include <gtest/gtest.h>
 
 #include "kvconditions.h"
@@ -73,20 +73,6 @@ TEST(KvTestList, SortIsStable) {
         }
         clearList(list);
     }
-}
-
-TEST(KvTestList, PlusCountsTotals) {
-    kvTestList list;
-    list.plus(KV_DATAFAIL);
-    list.plus(KV_BADSTSWRN);
-    list.plus(KV_WARNING);
-    list.plus(KV_FAIL);
-    list.plus(KV_UNDEFINED);
-    EXPECT_EQ(5, list.m_numTests);
-    EXPECT_EQ(1, list.m_counts[KV_DATAFAIL]);
-    EXPECT_EQ(2, list.m_counts[KV_WARNING]);  // the warning itself and the total of one
-    EXPECT_EQ(2, list.m_counts[KV_FAIL]);     // likewise for failures
-    EXPECT_EQ(1, list.m_counts[KV_UNDEFINED]);
 }
 
 TEST(KvTestList, RunTestsSelectsCountsAndStartsFrom) {
