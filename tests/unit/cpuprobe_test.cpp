@@ -35,11 +35,7 @@ TEST(CpuProbe, OwnGetRegPassesTheSubfunction) {
 
 TEST(CpuProbe, FeaturesEveryX86_64ProcessorHas) {
     EXPECT_EQ(1, vdl_has_cpuid());
-    EXPECT_GE(vdl_max_cpuid_input(), 1);
     EXPECT_EQ(1, vdl_has_rdtsc());
-    EXPECT_EQ(1, vdl_is_mmx_extension());
-    EXPECT_EQ(1, vdl_is_ssx_extension());
-    EXPECT_EQ(1, vdl_is_wni_extension());
     EXPECT_EQ(1, vdl_is_wide64_extension());
     EXPECT_GE(vdl_get_cores_on_die(), 1);
 }
@@ -73,7 +69,6 @@ TEST(CpuProbe, IdentRecordAndFlagProbesReadTheirBits) {
                          id.extModel << 16 | id.extFamily << 20;
     EXPECT_EQ(r.a & 0x0fff3fffu, signature);
     EXPECT_EQ(r.d, id.features);
-    EXPECT_EQ(0u, id.unused);
     EXPECT_EQ((unsigned)vdl_get_cores_on_die(), id.cores);
     EXPECT_EQ((unsigned)vdl_is_wide64_extension(), id.wide64);
 

@@ -1,31 +1,13 @@
+// The table stream: cells, rows, the append mode, the identical-row check
+// and postponed rows.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include "kvcstream.h"
-
 #include "testutil.h"
 
 namespace {
-
-// Collects what the identical-row check says through g_ostrm.
-class WarningLog {
-public:
-    explicit WarningLog(const TempDir& dir) : m_name(dir.path("log.txt")) {
-        m_level = g_ostrm.getOutLevel();
-        g_ostrm.addStream(m_name, false);
-        g_ostrm.setOutLevel(3);
-    }
-    ~WarningLog() {
-        g_ostrm.close();
-        g_ostrm.setOutLevel(m_level);
-    }
-    std::string text() const { return readFile(m_name); }
-private:
-    kvString m_name;
-    OutputLevel m_level;
-};
 
 std::string warning(int a, int b) {
     return " Performance table warning:\n Lines " + std::to_string(a) + " & " + std::to_string(b) +
@@ -57,11 +39,10 @@ TEST(KvCStream, CellsBeyond32AreDropped) {
     for (int i = 0; i < 33; ++i) s << i;
     EXPECT_EQ(32, s.getColmCount());
     kvString cell;
-    ASSERT_TRUE(s.getColm(31, cell));
-    EXPECT_STREQ("31", cell.c_str());
     EXPECT_FALSE(s.getColm(32, cell));
     s.setColm(32, "ignored");
     s.setColm(-1, "ignored");
+    EXPECT_EQ(32, s.getColmCount());
 }
 
 TEST(KvCStream, AppendKeepsOldRowsButCountsFromZero) {
@@ -81,7 +62,7 @@ TEST(KvCStream, AppendKeepsOldRowsButCountsFromZero) {
 
 TEST(KvCStream, IdenticalRowsNamedByLineNumber) {
     TempDir dir;
-    WarningLog log(dir);
+    LogCapture log(ERR | WARN);
     kvCStream s;
     ASSERT_TRUE(s.addStream(dir.path("t.csv"), false));
     s << "title" << "\n";
@@ -99,8 +80,7 @@ TEST(KvCStream, IdenticalRowsNamedByLineNumber) {
 }
 
 TEST(KvCStream, CheckWidthIsAtMost32AndWorksWithoutFiles) {
-    TempDir dir;
-    WarningLog log(dir);
+    LogCapture log(ERR | WARN);
     kvCStream s;  // no file: rows are forgotten, lines still count
     s.identicalLinesStart(40);
     for (int row = 0; row < 2; ++row) {
@@ -120,7 +100,7 @@ TEST(KvCStream, CheckWidthIsAtMost32AndWorksWithoutFiles) {
 
 TEST(KvCStream, PostponedRowsComeLastAndAreChecked) {
     TempDir dir;
-    WarningLog log(dir);
+    LogCapture log(ERR | WARN);
     kvCStream s;
     ASSERT_TRUE(s.addStream(dir.path("t.csv"), false));
     s.identicalLinesStart(1);

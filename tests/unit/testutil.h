@@ -44,13 +44,29 @@ public:
     }
     std::string text() {
         m_stream.flush();
-        return readFile(m_path);
+        return onDisk();
     }
+    // What the file holds now, without a flush.
+    std::string onDisk() const { return readFile(m_path); }
 
 private:
     Stream& m_stream;
     TempDir m_dir;
     kvString m_path;
+};
+
+// Collects what g_ostrm writes at `level` while it lives, then puts the
+// level back.
+class LogCapture : public StreamCapture<kvOStream> {
+public:
+    explicit LogCapture(OutputLevel level = ERR | WARN | PERF)
+        : StreamCapture<kvOStream>(g_ostrm), m_level(g_ostrm.getOutLevel()) {
+        g_ostrm.setOutLevel(level);
+    }
+    ~LogCapture() { g_ostrm.setOutLevel(m_level); }
+
+private:
+    OutputLevel m_level;
 };
 
 #endif
