@@ -1,11 +1,12 @@
 // Every log-likelihood and Mahalanobis entry point against a double model on
 // small random data, in each layout it takes, and against bad arguments.
 // What a call computes is read from its name, as the header's conventions
-// tell it.
+// tell it; its element types and the order of its arguments from its type.
 #include <climits>
 #include <cmath>
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -19,7 +20,6 @@ namespace {
 
 enum class Shape { Frames, Components, Mixture, Single };
 enum class Op { Set, LogAdd, Max, Distance, MixtureSum };
-enum class Kind { F32, F64, S16, S32 };
 
 bool has(const std::string& name, const char* part)
 {
@@ -41,8 +41,6 @@ struct Form {
           var(has(name, "IdVar")       ? Var::Unit
               : has(name, "DirectVar") ? Var::Direct
                                        : Var::Precision),
-          src(has(name, "_16s") ? Kind::S16 : has(name, "_64f") ? Kind::F64 : Kind::F32),
-          dst(has(name, "32s") ? Kind::S32 : has(name, "64f") ? Kind::F64 : Kind::F32),
           d2(has(name, "_D2") && !has(name, "_D2L")), d2l(has(name, "_D2L")),
           scaled(has(name, "Scaled") || has(name, "Sfs")), low(has(name, "Low"))
     {
@@ -56,49 +54,33 @@ struct Form {
     Shape shape;
     Op op;
     Var var;
-    Kind src, dst;
     bool d2, d2l, scaled, low;
 };
 
 // One call's data in double: frames and Gaussians as rows of `width`.
 struct Scene {
-    int width = 7;
-    int height = 5;
-    int sf = 0;
+    int width, height, sf;
     std::vector<double> frames, means, vars;
     std::vector<double> values;   // per Gaussian: pVal, or pSrcDst on input
     std::vector<double> dstInit;  // what an accumulating call meets
     double val = 0;
 };
 
-std::vector<double> valuesOf(Kind kind, std::mt19937& rng, int count, double lo, double hi)
-{
-    return kind == Kind::S16   ? randomValues<Vdl16s>(rng, count, lo, hi)
-           : kind == Kind::S32 ? randomValues<Vdl32s>(rng, count, lo, hi)
-           : kind == Kind::F64 ? randomValues<Vdl64f>(rng, count, lo, hi)
-                               : randomValues<Vdl32f>(rng, count, lo, hi);
-}
-
-Scene makeScene(const Form& form, unsigned seed, int sf, int width = 7, int height = 5)
+template <class S, class D>
+Scene makeScene(const Form& form, unsigned seed, int sf, int width, int height)
 {
     std::mt19937 rng(seed);
-    Scene s;
-    s.sf = sf;
-    s.width = width;
-    s.height = height;
-    if (form.shape == Shape::Single)
-        s.height = 1;
+    Scene s{width, form.shape == Shape::Single ? 1 : height, sf, {}, {}, {}, {}, {}, 0};
     const int frameRows = form.shape == Shape::Frames ? s.height : 1;
     const int modelRows = form.manyModels() ? s.height : 1;
-    const bool ints = form.src == Kind::S16;
-    const double span = ints ? 12 : 2;
-    s.frames = valuesOf(form.src, rng, frameRows * s.width, -span, span);
-    s.means = valuesOf(form.src, rng, modelRows * s.width, -span, span);
-    s.vars = valuesOf(form.src, rng, modelRows * s.width, ints ? 1 : 0.25, ints ? 10 : 4);
-    const bool intOut = form.dst == Kind::S32;
-    s.values = valuesOf(form.dst, rng, s.height, intOut ? -1000 : -30, intOut ? 1000 : 0);
-    s.dstInit = valuesOf(form.dst, rng, s.height, intOut ? -1000 : -40, intOut ? 1000 : 0);
-    s.val = valuesOf(form.dst, rng, 1, intOut ? -1000 : -30, intOut ? 1000 : 0)[0];
+    const bool ints = std::is_integral<S>::value, intOut = std::is_integral<D>::value;
+    const double span = ints ? 12 : 2, lo = intOut ? -1000 : -30, hi = intOut ? 1000 : 0;
+    s.frames = randomValues<S>(rng, frameRows * width, -span, span);
+    s.means = randomValues<S>(rng, modelRows * width, -span, span);
+    s.vars = randomValues<S>(rng, modelRows * width, ints ? 1 : 0.25, ints ? 10 : 4);
+    s.values = randomValues<D>(rng, s.height, lo, hi);
+    s.dstInit = randomValues<D>(rng, s.height, intOut ? lo : -40, hi);
+    s.val = randomValues<D>(rng, 1, lo, hi)[0];
     return s;
 }
 
@@ -108,22 +90,24 @@ struct Expected {
     std::vector<double> slack;
 };
 
+template <class D>
 double allowedError(const Form& form, double magnitude)
 {
-    if (form.dst == Kind::S32) {
+    if (std::is_integral<D>::value) {
         if (form.low)
             return 1 + 1e-5 * magnitude;
         // Exact sums round exactly; a division by variances may land a half
         // on the other side.
         return form.var == Var::Direct ? 1 : 0;
     }
-    return (form.dst == Kind::F64 ? 1e-12 : 2e-5) * magnitude;
+    return (std::is_same<D, Vdl64f>::value ? 1e-12 : 2e-5) * magnitude;
 }
 
+template <class D>
 Expected expect(const Form& form, const Scene& s)
 {
     const double scale = std::ldexp(1.0, -s.sf);
-    const bool intOut = form.dst == Kind::S32;
+    const auto toResult = [](double x) { return std::is_integral<D>::value ? roundSaturate<D>(x) : x; };
     Expected e;
     double total = -INFINITY;
     double totalMagnitude = 0;
@@ -134,15 +118,13 @@ Expected expect(const Form& form, const Scene& s)
                                   &s.vars[mi * s.width], s.width, form.var);
         if (form.op == Op::Distance) {
             const double d = std::sqrt(q) * scale;
-            e.out.push_back(intOut ? saturateRound32(d) : d);
-            e.slack.push_back(allowedError(form, 1 + d));
+            e.out.push_back(toResult(d));
+            e.slack.push_back(allowedError<D>(form, 1 + d));
             continue;
         }
         const double value = form.manyModels() ? s.values[i] : s.val;
         const double term = -0.5 * q * scale;
-        double score = value + term;
-        if (intOut)
-            score = saturateRound32(score);
+        const double score = toResult(value + term);
         double magnitude = 1 + std::fabs(value) + std::fabs(term);
         double out = score;
         if (form.op == Op::LogAdd || form.op == Op::Max) {
@@ -156,11 +138,11 @@ Expected expect(const Form& form, const Scene& s)
             continue;
         }
         e.out.push_back(out);
-        e.slack.push_back(allowedError(form, magnitude));
+        e.slack.push_back(allowedError<D>(form, magnitude));
     }
     if (form.op == Op::MixtureSum) {
         e.out.push_back(total);
-        e.slack.push_back(allowedError(form, totalMagnitude));
+        e.slack.push_back(allowedError<D>(form, totalMagnitude));
     }
     return e;
 }
@@ -230,13 +212,14 @@ private:
 
 struct Outcome {
     VdlStatus status;
-    std::vector<double> out;
+    std::vector<double> got;
+    Expected want;
     bool untouched;
 };
 
 struct Entry {
     std::string name;
-    std::function<Outcome(const Scene&, Fault)> run;
+    std::function<Outcome(unsigned seed, int sf, int width, int height, Fault)> run;
 };
 
 void PrintTo(const Entry& e, std::ostream* os)
@@ -247,314 +230,171 @@ void PrintTo(const Entry& e, std::ostream* os)
 template <class S, class D, class Fn>
 Entry entry(const char* name, Fn fn)
 {
-    return {name, [name, fn](const Scene& scene, Fault fault) {
-                Call<S, D> c(Form(name), scene, fault);
+    return {name, [name, fn](unsigned seed, int sf, int width, int height, Fault fault) {
+                const Form form(name);
+                const Scene scene = makeScene<S, D>(form, seed, form.scaled ? sf : 0, width, height);
+                Call<S, D> c(form, scene, fault);
                 const VdlStatus status = fn(c);
-                return Outcome{status, c.output(), c.untouched()};
+                return Outcome{status, c.output(), expect<D>(form, scene), c.untouched()};
             }};
 }
 
-#define ENTRY(S, D, fn, args) entry<S, D>(#fn, [](Call<S, D>& c) { return fn args; })
+// An order of arguments that entry points share. S, D and the scale factor
+// that 16-bit forms take last (Sf: none or one int) come from the signature.
+#define ORDER(order, params, args)                                                \
+    template <class S, class D, class... Sf>                                      \
+    Entry order(const char* name, VdlStatus (*fn) params)                         \
+    {                                                                             \
+        return entry<S, D>(name, [fn](Call<S, D>& c) { return fn args; });        \
+    }
+
+ORDER(framesD2, (const S*, int, const S*, const S*, int, D*, int, D, Sf...),
+      (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
+ORDER(framesD2L, (const S* const*, const S*, const S*, int, D*, int, D, Sf...),
+      (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
+ORDER(framesIdD2, (const S*, int, const S*, int, D*, int, D, Sf...),
+      (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
+ORDER(framesIdD2L, (const S* const*, const S*, int, D*, int, D, Sf...),
+      (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
+ORDER(mixD2, (const S*, const S*, int, const S*, int, D*, int, Sf...),
+      (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, Sf(c.sf)...))
+ORDER(mixD2L, (const S* const*, const S* const*, const S*, int, D*, int, Sf...),
+      (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, Sf(c.sf)...))
+ORDER(mixValD2, (const S*, const S*, int, const S*, int, const D*, D*, int, Sf...),
+      (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
+       Sf(c.sf)...))
+ORDER(mixValD2L, (const S* const*, const S* const*, const S*, int, const D*, D*, int, Sf...),
+      (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, Sf(c.sf)...))
+ORDER(mixtureD2, (const S*, const S*, const S*, int, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst(),
+       Sf(c.sf)...))
+ORDER(mixtureD2L, (const S*, const S* const*, const S* const*, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst(), Sf(c.sf)...))
+ORDER(mixtureIdD2, (const S*, const S*, int, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst(), Sf(c.sf)...))
+ORDER(mixtureIdD2L, (const S*, const S* const*, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst(), Sf(c.sf)...))
+ORDER(single, (const S*, const S*, const S*, int, D*, D, Sf...),
+      (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, Sf(c.sf)...))
+ORDER(singleId, (const S*, const S*, int, D*, D, Sf...),
+      (c.frame(), c.mean(), c.width, c.dst(), c.val, Sf(c.sf)...))
+ORDER(distSingle, (const S*, const S*, const S*, int, D*, Sf...),
+      (c.frame(), c.mean(), c.var(), c.width, c.dst(), Sf(c.sf)...))
+ORDER(distD2, (const S*, int, const S*, const S*, int, D*, int),
+      (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height))
+ORDER(distD2L, (const S* const*, const S*, const S*, int, D*, int),
+      (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height))
+
+#define N(fn) #fn, fn
 
 std::vector<Entry> entries()
 {
     return {
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_IdVar_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_IdVar_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVar_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_IdVar_32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_IdVar_64f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVar_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVarLow_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVarLow_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarLowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarLowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_IdVar_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_IdVar_32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_IdVar_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_IdVar_64f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAddMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAddMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAddMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAddMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_IdVar_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_IdVar_32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_IdVar_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_IdVar_64f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVar_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVar_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarLowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarLowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVarLow_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVarLow_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMaxMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMaxMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMaxMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMaxMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_Scaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst(),
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_Scaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_LowScaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst(),
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_LowScaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_32f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_32f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_64f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_64f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarScaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarScaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_IdVar_32f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_IdVar_32f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_IdVar_64f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_IdVar_64f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussSingle_32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussSingle_64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl64f, vdlsLogGaussSingle_32f64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_Scaled_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_IdVarScaled_16s32f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_IdVar_16s32s_Sfs,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussSingle_IdVar_32f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussSingle_IdVar_64f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl64f, vdlsLogGaussSingle_IdVar_32f64f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussSingle_DirectVar_32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussSingle_DirectVar_64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl64f, vdlsLogGaussSingle_DirectVar_32f64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_DirectVarScaled_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_LowScaled_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_IdVarLowScaled_16s32f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_DirectVar_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_Low_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_IdVarLow_16s32s_Sfs,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDistSingle_32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDistSingle_64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl32f, Vdl64f, vdlsMahDistSingle_32f64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl16s, Vdl32f, vdlsMahDistSingle_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl16s, Vdl32s, vdlsMahDistSingle_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDist_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDist_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDist_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDist_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDistMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDistMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDistMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDistMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
+        framesD2(N(vdlsLogGauss_32f_D2)), framesD2(N(vdlsLogGauss_64f_D2)),
+        framesD2(N(vdlsLogGauss_Scaled_16s32f_D2)), framesD2(N(vdlsLogGauss_16s32s_D2Sfs)),
+        framesD2L(N(vdlsLogGauss_32f_D2L)), framesD2L(N(vdlsLogGauss_64f_D2L)),
+        framesD2L(N(vdlsLogGauss_Scaled_16s32f_D2L)), framesD2L(N(vdlsLogGauss_16s32s_D2LSfs)),
+        framesIdD2(N(vdlsLogGauss_IdVar_32f_D2)), framesIdD2(N(vdlsLogGauss_IdVar_64f_D2)),
+        framesIdD2(N(vdlsLogGauss_IdVarScaled_16s32f_D2)),
+        framesIdD2(N(vdlsLogGauss_IdVar_16s32s_D2Sfs)), framesIdD2L(N(vdlsLogGauss_IdVar_32f_D2L)),
+        framesIdD2L(N(vdlsLogGauss_IdVar_64f_D2L)),
+        framesIdD2L(N(vdlsLogGauss_IdVarScaled_16s32f_D2L)),
+        framesIdD2L(N(vdlsLogGauss_IdVar_16s32s_D2LSfs)),
+        framesD2(N(vdlsLogGauss_Low_16s32s_D2Sfs)), framesD2L(N(vdlsLogGauss_Low_16s32s_D2LSfs)),
+        framesD2(N(vdlsLogGauss_LowScaled_16s32f_D2)),
+        framesD2L(N(vdlsLogGauss_LowScaled_16s32f_D2L)),
+        framesIdD2(N(vdlsLogGauss_IdVarLow_16s32s_D2Sfs)),
+        framesIdD2L(N(vdlsLogGauss_IdVarLow_16s32s_D2LSfs)),
+        framesIdD2(N(vdlsLogGauss_IdVarLowScaled_16s32f_D2)),
+        framesIdD2L(N(vdlsLogGauss_IdVarLowScaled_16s32f_D2L)),
+        mixD2(N(vdlsLogGaussMultiMix_32f_D2)), mixD2(N(vdlsLogGaussMultiMix_64f_D2)),
+        mixD2(N(vdlsLogGaussMultiMix_Scaled_16s32f_D2)),
+        mixD2(N(vdlsLogGaussMultiMix_16s32s_D2Sfs)), mixD2L(N(vdlsLogGaussMultiMix_32f_D2L)),
+        mixD2L(N(vdlsLogGaussMultiMix_64f_D2L)), mixD2L(N(vdlsLogGaussMultiMix_Scaled_16s32f_D2L)),
+        mixD2L(N(vdlsLogGaussMultiMix_16s32s_D2LSfs)),
+        mixD2(N(vdlsLogGaussMultiMix_Low_16s32s_D2Sfs)),
+        mixD2L(N(vdlsLogGaussMultiMix_Low_16s32s_D2LSfs)),
+        mixD2(N(vdlsLogGaussMultiMix_LowScaled_16s32f_D2)),
+        mixD2L(N(vdlsLogGaussMultiMix_LowScaled_16s32f_D2L)), framesD2(N(vdlsLogGaussAdd_32f_D2)),
+        framesD2L(N(vdlsLogGaussAdd_32f_D2L)), framesD2(N(vdlsLogGaussAdd_64f_D2)),
+        framesD2L(N(vdlsLogGaussAdd_64f_D2L)), framesD2(N(vdlsLogGaussAdd_Scaled_16s32f_D2)),
+        framesD2L(N(vdlsLogGaussAdd_Scaled_16s32f_D2L)),
+        framesIdD2(N(vdlsLogGaussAdd_IdVar_32f_D2)), framesIdD2L(N(vdlsLogGaussAdd_IdVar_32f_D2L)),
+        framesIdD2(N(vdlsLogGaussAdd_IdVar_64f_D2)), framesIdD2L(N(vdlsLogGaussAdd_IdVar_64f_D2L)),
+        framesIdD2(N(vdlsLogGaussAdd_IdVarScaled_16s32f_D2)),
+        framesIdD2L(N(vdlsLogGaussAdd_IdVarScaled_16s32f_D2L)),
+        framesD2(N(vdlsLogGaussAdd_LowScaled_16s32f_D2)),
+        framesD2L(N(vdlsLogGaussAdd_LowScaled_16s32f_D2L)),
+        framesIdD2(N(vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2)),
+        framesIdD2L(N(vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2L)),
+        mixValD2(N(vdlsLogGaussAddMultiMix_32f_D2)), mixValD2L(N(vdlsLogGaussAddMultiMix_32f_D2L)),
+        mixValD2(N(vdlsLogGaussAddMultiMix_64f_D2)), mixValD2L(N(vdlsLogGaussAddMultiMix_64f_D2L)),
+        mixValD2(N(vdlsLogGaussAddMultiMix_Scaled_16s32f_D2)),
+        mixValD2L(N(vdlsLogGaussAddMultiMix_Scaled_16s32f_D2L)),
+        mixValD2(N(vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2)),
+        mixValD2L(N(vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2L)),
+        framesD2(N(vdlsLogGaussMax_32f_D2)), framesD2L(N(vdlsLogGaussMax_32f_D2L)),
+        framesD2(N(vdlsLogGaussMax_64f_D2)), framesD2L(N(vdlsLogGaussMax_64f_D2L)),
+        framesD2(N(vdlsLogGaussMax_Scaled_16s32f_D2)),
+        framesD2L(N(vdlsLogGaussMax_Scaled_16s32f_D2L)), framesD2(N(vdlsLogGaussMax_16s32s_D2Sfs)),
+        framesD2L(N(vdlsLogGaussMax_16s32s_D2LSfs)), framesIdD2(N(vdlsLogGaussMax_IdVar_32f_D2)),
+        framesIdD2L(N(vdlsLogGaussMax_IdVar_32f_D2L)), framesIdD2(N(vdlsLogGaussMax_IdVar_64f_D2)),
+        framesIdD2L(N(vdlsLogGaussMax_IdVar_64f_D2L)),
+        framesIdD2(N(vdlsLogGaussMax_IdVarScaled_16s32f_D2)),
+        framesIdD2L(N(vdlsLogGaussMax_IdVarScaled_16s32f_D2L)),
+        framesIdD2(N(vdlsLogGaussMax_IdVar_16s32s_D2Sfs)),
+        framesIdD2L(N(vdlsLogGaussMax_IdVar_16s32s_D2LSfs)),
+        framesD2(N(vdlsLogGaussMax_LowScaled_16s32f_D2)),
+        framesD2L(N(vdlsLogGaussMax_LowScaled_16s32f_D2L)),
+        framesD2(N(vdlsLogGaussMax_Low_16s32s_D2Sfs)),
+        framesD2L(N(vdlsLogGaussMax_Low_16s32s_D2LSfs)),
+        framesIdD2(N(vdlsLogGaussMax_IdVarLowScaled_16s32f_D2)),
+        framesIdD2L(N(vdlsLogGaussMax_IdVarLowScaled_16s32f_D2L)),
+        framesIdD2(N(vdlsLogGaussMax_IdVarLow_16s32s_D2Sfs)),
+        framesIdD2L(N(vdlsLogGaussMax_IdVarLow_16s32s_D2LSfs)),
+        mixValD2(N(vdlsLogGaussMaxMultiMix_32f_D2)), mixValD2L(N(vdlsLogGaussMaxMultiMix_32f_D2L)),
+        mixValD2(N(vdlsLogGaussMaxMultiMix_64f_D2)), mixValD2L(N(vdlsLogGaussMaxMultiMix_64f_D2L)),
+        mixValD2(N(vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2)),
+        mixValD2L(N(vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2L)),
+        mixValD2(N(vdlsLogGaussMaxMultiMix_16s32s_D2Sfs)),
+        mixValD2L(N(vdlsLogGaussMaxMultiMix_16s32s_D2LSfs)),
+        mixValD2(N(vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2)),
+        mixValD2L(N(vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2L)),
+        mixValD2(N(vdlsLogGaussMaxMultiMix_Low_16s32s_D2Sfs)),
+        mixValD2L(N(vdlsLogGaussMaxMultiMix_Low_16s32s_D2LSfs)),
+        mixtureD2(N(vdlsLogGaussMixture_Scaled_16s32f_D2)),
+        mixtureD2L(N(vdlsLogGaussMixture_Scaled_16s32f_D2L)),
+        mixtureD2(N(vdlsLogGaussMixture_LowScaled_16s32f_D2)),
+        mixtureD2L(N(vdlsLogGaussMixture_LowScaled_16s32f_D2L)),
+        mixtureD2(N(vdlsLogGaussMixture_32f_D2)), mixtureD2L(N(vdlsLogGaussMixture_32f_D2L)),
+        mixtureD2(N(vdlsLogGaussMixture_64f_D2)), mixtureD2L(N(vdlsLogGaussMixture_64f_D2L)),
+        mixtureIdD2(N(vdlsLogGaussMixture_IdVarScaled_16s32f_D2)),
+        mixtureIdD2L(N(vdlsLogGaussMixture_IdVarScaled_16s32f_D2L)),
+        mixtureIdD2(N(vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2)),
+        mixtureIdD2L(N(vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2L)),
+        mixtureIdD2(N(vdlsLogGaussMixture_IdVar_32f_D2)),
+        mixtureIdD2L(N(vdlsLogGaussMixture_IdVar_32f_D2L)),
+        mixtureIdD2(N(vdlsLogGaussMixture_IdVar_64f_D2)),
+        mixtureIdD2L(N(vdlsLogGaussMixture_IdVar_64f_D2L)), single(N(vdlsLogGaussSingle_32f)),
+        single(N(vdlsLogGaussSingle_64f)), single(N(vdlsLogGaussSingle_32f64f)),
+        single(N(vdlsLogGaussSingle_Scaled_16s32f)),
+        singleId(N(vdlsLogGaussSingle_IdVarScaled_16s32f)),
+        single(N(vdlsLogGaussSingle_16s32s_Sfs)), singleId(N(vdlsLogGaussSingle_IdVar_16s32s_Sfs)),
+        singleId(N(vdlsLogGaussSingle_IdVar_32f)), singleId(N(vdlsLogGaussSingle_IdVar_64f)),
+        singleId(N(vdlsLogGaussSingle_IdVar_32f64f)), single(N(vdlsLogGaussSingle_DirectVar_32f)),
+        single(N(vdlsLogGaussSingle_DirectVar_64f)), single(N(vdlsLogGaussSingle_DirectVar_32f64f)),
+        single(N(vdlsLogGaussSingle_DirectVarScaled_16s32f)),
+        single(N(vdlsLogGaussSingle_LowScaled_16s32f)),
+        singleId(N(vdlsLogGaussSingle_IdVarLowScaled_16s32f)),
+        single(N(vdlsLogGaussSingle_DirectVar_16s32s_Sfs)),
+        single(N(vdlsLogGaussSingle_Low_16s32s_Sfs)),
+        singleId(N(vdlsLogGaussSingle_IdVarLow_16s32s_Sfs)), distSingle(N(vdlsMahDistSingle_32f)),
+        distSingle(N(vdlsMahDistSingle_64f)), distSingle(N(vdlsMahDistSingle_32f64f)),
+        distSingle(N(vdlsMahDistSingle_16s32f)), distSingle(N(vdlsMahDistSingle_16s32s_Sfs)),
+        distD2(N(vdlsMahDist_32f_D2)), distD2(N(vdlsMahDist_64f_D2)),
+        distD2L(N(vdlsMahDist_32f_D2L)), distD2L(N(vdlsMahDist_64f_D2L)),
+        mixD2(N(vdlsMahDistMultiMix_32f_D2)), mixD2(N(vdlsMahDistMultiMix_64f_D2)),
+        mixD2L(N(vdlsMahDistMultiMix_32f_D2L)), mixD2L(N(vdlsMahDistMultiMix_64f_D2L))
     };
 }
 
@@ -562,20 +402,17 @@ class GaussScoring : public ::testing::TestWithParam<Entry> {};
 
 TEST_P(GaussScoring, MatchesDoubleModel)
 {
-    const Form form(GetParam().name);
-    // Widths below, inside and one past the kernels' sixteen lanes (twice);
-    // the last height spans two of the blocks a kernel call takes.
-    const struct { int sf, width, height; } runs[] = {{0, 1, 5}, {3, 7, 5}, {-2, 17, 3}, {1, 33, 70}};
+    // Widths of one, one past the eight double and the sixteen float lanes,
+    // and past twice that; the last height spans two of the blocks a kernel
+    // call takes.
+    const struct { int sf, width, height; } runs[] = {{0, 1, 5}, {3, 9, 5}, {-2, 17, 3}, {1, 33, 70}};
     for (int run = 0; run < 4; ++run) {
-        const Scene scene = makeScene(form, 100 + run, form.scaled ? runs[run].sf : 0,
-                                      runs[run].width, runs[run].height);
-        const Outcome got = GetParam().run(scene, Fault::None);
-        ASSERT_EQ(got.status, vdlStsNoErr);
-        const Expected want = expect(form, scene);
-        ASSERT_EQ(got.out.size(), want.out.size());
-        for (size_t i = 0; i < want.out.size(); ++i)
-            EXPECT_NEAR(got.out[i], want.out[i], want.slack[i])
-                << "run " << run << ", result " << i;
+        const Outcome o = GetParam().run(100 + run, runs[run].sf, runs[run].width,
+                                         runs[run].height, Fault::None);
+        ASSERT_EQ(o.status, vdlStsNoErr);
+        ASSERT_EQ(o.got.size(), o.want.out.size());
+        for (size_t i = 0; i < o.got.size(); ++i)
+            EXPECT_NEAR(o.got[i], o.want.out[i], o.want.slack[i]) << "run " << run << ", result " << i;
     }
 }
 
@@ -596,9 +433,8 @@ TEST_P(GaussScoring, RejectsBadArgumentsWithoutWriting)
         cases.push_back({Fault::NarrowStep, vdlStsStepErr, "step below width"});
     if (form.d2l)
         cases.push_back({Fault::NullTableRow, vdlStsNullPtrErr, "null row in table"});
-    const Scene scene = makeScene(form, 7, 0);
     for (const Case& c : cases) {
-        const Outcome got = GetParam().run(scene, c.fault);
+        const Outcome got = GetParam().run(7, 0, 7, 5, c.fault);
         EXPECT_EQ(got.status, c.status) << c.what;
         EXPECT_TRUE(got.untouched) << c.what;
     }
@@ -620,15 +456,13 @@ TEST(GaussScoringEdges, IntegerScoresRoundHalvesAwayFromZeroAndSaturate)
     ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(x, m, w, 1, &r, 0, 1), vdlStsNoErr);
     EXPECT_EQ(r, -2);  // -2.25
 
-    const Vdl16s far[4] = {32767, 32767, 32767, 32767};
-    const Vdl16s near[4] = {-32768, -32768, -32768, -32768};
-    const Vdl16s heavy[4] = {32767, 32767, 32767, 32767};
-    const Vdl16s negative[4] = {-32768, -32768, -32768, -32768};
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(far, near, heavy, 4, &r, 0, 0), vdlStsNoErr);
+    // The widest distance with the largest precision, and with a negative one.
+    const Vdl16s hi[4] = {32767, 32767, 32767, 32767}, lo[4] = {-32768, -32768, -32768, -32768};
+    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(hi, lo, hi, 4, &r, 0, 0), vdlStsNoErr);
     EXPECT_EQ(r, INT_MIN);
-    ASSERT_EQ(vdlsLogGaussSingle_Low_16s32s_Sfs(far, near, heavy, 4, &r, 0, 0), vdlStsNoErr);
+    ASSERT_EQ(vdlsLogGaussSingle_Low_16s32s_Sfs(hi, lo, hi, 4, &r, 0, 0), vdlStsNoErr);
     EXPECT_EQ(r, INT_MIN);
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(far, near, negative, 4, &r, 0, 0), vdlStsNoErr);
+    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(hi, lo, lo, 4, &r, 0, 0), vdlStsNoErr);
     EXPECT_EQ(r, INT_MAX);
 }
 
