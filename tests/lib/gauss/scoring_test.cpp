@@ -20,6 +20,7 @@ namespace {
 
 enum class Shape { Frames, Components, Mixture, Single };
 enum class Op { Set, LogAdd, Max, Distance, MixtureSum };
+enum class Fault { None, NullData, NullDst, ZeroWidth, ZeroHeight, NarrowStep, NullTableRow };
 
 bool has(const std::string& name, const char* part)
 {
@@ -46,10 +47,6 @@ struct Form {
     {
     }
     bool manyModels() const { return shape == Shape::Components || shape == Shape::Mixture; }
-    int outputs(int height) const
-    {
-        return shape == Shape::Mixture || shape == Shape::Single ? 1 : height;
-    }
 
     Shape shape;
     Op op;
@@ -57,124 +54,43 @@ struct Form {
     bool d2, d2l, scaled, low;
 };
 
-// One call's data in double: frames and Gaussians as rows of `width`.
-struct Scene {
-    int width, height, sf;
-    std::vector<double> frames, means, vars;
-    std::vector<double> values;   // per Gaussian: pVal, or pSrcDst on input
-    std::vector<double> dstInit;  // what an accumulating call meets
-    double val = 0;
-};
-
-template <class S, class D>
-Scene makeScene(const Form& form, unsigned seed, int sf, int width, int height)
-{
-    std::mt19937 rng(seed);
-    Scene s{width, form.shape == Shape::Single ? 1 : height, sf, {}, {}, {}, {}, {}, 0};
-    const int frameRows = form.shape == Shape::Frames ? s.height : 1;
-    const int modelRows = form.manyModels() ? s.height : 1;
-    const bool ints = std::is_integral<S>::value, intOut = std::is_integral<D>::value;
-    const double span = ints ? 12 : 2, lo = intOut ? -1000 : -30, hi = intOut ? 1000 : 0;
-    s.frames = randomValues<S>(rng, frameRows * width, -span, span);
-    s.means = randomValues<S>(rng, modelRows * width, -span, span);
-    s.vars = randomValues<S>(rng, modelRows * width, ints ? 1 : 0.25, ints ? 10 : 4);
-    s.values = randomValues<D>(rng, s.height, lo, hi);
-    s.dstInit = randomValues<D>(rng, s.height, intOut ? lo : -40, hi);
-    s.val = randomValues<D>(rng, 1, lo, hi)[0];
-    return s;
-}
-
-// The model's results, each with the error it allows.
-struct Expected {
-    std::vector<double> out;
-    std::vector<double> slack;
-};
-
-template <class D>
-double allowedError(const Form& form, double magnitude)
-{
-    if (std::is_integral<D>::value) {
-        if (form.low)
-            return 1 + 1e-5 * magnitude;
-        // Exact sums round exactly; a division by variances may land a half
-        // on the other side.
-        return form.var == Var::Direct ? 1 : 0;
-    }
-    return (std::is_same<D, Vdl64f>::value ? 1e-12 : 2e-5) * magnitude;
-}
-
-template <class D>
-Expected expect(const Form& form, const Scene& s)
-{
-    const double scale = std::ldexp(1.0, -s.sf);
-    const auto toResult = [](double x) { return std::is_integral<D>::value ? roundSaturate<D>(x) : x; };
-    Expected e;
-    double total = -INFINITY;
-    double totalMagnitude = 0;
-    for (int i = 0; i < s.height; ++i) {
-        const int fi = form.shape == Shape::Frames ? i : 0;
-        const int mi = form.manyModels() ? i : 0;
-        const double q = quadForm(&s.frames[fi * s.width], &s.means[mi * s.width],
-                                  &s.vars[mi * s.width], s.width, form.var);
-        if (form.op == Op::Distance) {
-            const double d = std::sqrt(q) * scale;
-            e.out.push_back(toResult(d));
-            e.slack.push_back(allowedError<D>(form, 1 + d));
-            continue;
-        }
-        const double value = form.manyModels() ? s.values[i] : s.val;
-        const double term = -0.5 * q * scale;
-        const double score = toResult(value + term);
-        double magnitude = 1 + std::fabs(value) + std::fabs(term);
-        double out = score;
-        if (form.op == Op::LogAdd || form.op == Op::Max) {
-            out = form.op == Op::LogAdd ? logAdd(s.dstInit[i], score)
-                                        : std::max(s.dstInit[i], score);
-            magnitude += std::fabs(s.dstInit[i]);
-        }
-        if (form.op == Op::MixtureSum) {
-            total = logAdd(total, score);
-            totalMagnitude = std::max(totalMagnitude, magnitude);
-            continue;
-        }
-        e.out.push_back(out);
-        e.slack.push_back(allowedError<D>(form, magnitude));
-    }
-    if (form.op == Op::MixtureSum) {
-        e.out.push_back(total);
-        e.slack.push_back(allowedError<D>(form, totalMagnitude));
-    }
-    return e;
-}
-
-enum class Fault { None, NullData, NullDst, ZeroWidth, ZeroHeight, NarrowStep, NullTableRow };
-
-// The arguments of one call in the entry point's own types, with one fault
-// put in where a test asks for it. The rows are laid out both ways, so
-// that the _D2 and _D2L forms of an algorithm read the same data.
+// One call: random frames and Gaussians in double for the model, and the
+// arguments in the entry point's own types, with one fault put in where a
+// test asks for it. Rows are laid out both ways, so that the _D2 and _D2L
+// forms of an algorithm read the same data.
 template <class S, class D>
 class Call {
 public:
-    Call(const Form& form, const Scene& s, Fault fault)
-        : width(fault == Fault::ZeroWidth ? 0 : s.width),
-          height(fault == Fault::ZeroHeight ? 0 : s.height),
-          step(fault == Fault::NarrowStep ? s.width - 1 : s.width + 3), sf(s.sf),
-          val(static_cast<D>(s.val)), m_fault(fault),
-          m_rows(form.manyModels() ? s.means : s.frames, form.shape == Shape::Single ? 0 : s.height,
-                 s.width, s.width + 3),
-          m_varRows(s.vars, form.manyModels() ? s.height : 0, s.width, s.width + 3),
-          m_frame(s.frames.begin(), s.frames.begin() + s.width),
-          m_mean(s.means.begin(), s.means.begin() + s.width),
-          m_var(s.vars.begin(), s.vars.begin() + s.width), m_values(convert<D>(s.values))
+    Call(const Form& form, unsigned seed, int sf, int w, int h, Fault fault)
+        : width(fault == Fault::ZeroWidth ? 0 : w),
+          height(fault == Fault::ZeroHeight ? 0 : form.shape == Shape::Single ? 1 : h),
+          step(fault == Fault::NarrowStep ? w - 1 : w + 3), sf(form.scaled ? sf : 0),
+          m_fault(fault)
     {
-        const int outputs = form.outputs(s.height);
+        std::mt19937 rng(seed);
+        h = form.shape == Shape::Single ? 1 : h;
+        const bool ints = std::is_integral<S>::value, intOut = std::is_integral<D>::value;
+        const double span = ints ? 12 : 2, lo = intOut ? -1000 : -30, hi = intOut ? 1000 : 0;
+        frames = randomValues<S>(rng, (form.shape == Shape::Frames ? h : 1) * w, -span, span);
+        means = randomValues<S>(rng, (form.manyModels() ? h : 1) * w, -span, span);
+        vars = randomValues<S>(rng, (form.manyModels() ? h : 1) * w, ints ? 1 : 0.25, ints ? 10 : 4);
+        perGaussian = randomValues<D>(rng, h, lo, hi);  // pVal, or pSrcDst on input
+        dstInit = randomValues<D>(rng, h, intOut ? lo : -40, hi);  // what accumulating calls meet
+        val = randomValues<D>(rng, 1, lo, hi)[0];
+
+        m_rows = RowSet<S>(form.manyModels() ? means : frames, form.shape == Shape::Single ? 0 : h, w, w + 3);
+        m_varRows = RowSet<S>(vars, form.manyModels() ? h : 0, w, w + 3);
+        m_frame = convert<S>({frames.begin(), frames.begin() + w});
+        m_mean = convert<S>({means.begin(), means.begin() + w});
+        m_var = convert<S>({vars.begin(), vars.begin() + w});
+        m_values = convert<D>(perGaussian);
         if (form.op == Op::LogAdd || form.op == Op::Max)
-            m_dst = convert<D>(s.dstInit);
+            m_dst = convert<D>(dstInit);
         else if (form.shape == Shape::Components)
             m_dst = m_values;
         else
-            m_dst.assign(outputs, static_cast<D>(77));
-        m_dst.resize(outputs);
+            m_dst.assign(h, static_cast<D>(77));
+        m_dst.resize(form.shape == Shape::Mixture ? 1 : h);
         m_initial = m_dst;
         if (fault == Fault::NullTableRow) {
             m_rows.table.back() = nullptr;
@@ -197,18 +113,78 @@ public:
     bool untouched() const { return m_dst == m_initial; }
 
     const int width, height, step, sf;
-    const D val;
+    std::vector<double> frames, means, vars, perGaussian, dstInit;
+    double val = 0;
 
 private:
     template <class P>
     P* guard(P* p) const { return m_fault == Fault::NullData ? nullptr : p; }
 
     Fault m_fault;
-    RowSet<S> m_rows;
-    RowSet<S> m_varRows;
+    RowSet<S> m_rows{{}, 0, 0, 0}, m_varRows{{}, 0, 0, 0};
     std::vector<S> m_frame, m_mean, m_var;
     std::vector<D> m_values, m_dst, m_initial;
 };
+
+// The model's results, each with the error it allows.
+struct Expected {
+    std::vector<double> out, slack;
+};
+
+template <class D>
+double allowedError(const Form& form, double magnitude)
+{
+    if (std::is_integral<D>::value) {
+        if (form.low)
+            return 1 + 1e-5 * magnitude;
+        // Exact sums round exactly; a division by variances may land a half
+        // on the other side.
+        return form.var == Var::Direct ? 1 : 0;
+    }
+    return (std::is_same<D, Vdl64f>::value ? 1e-12 : 2e-5) * magnitude;
+}
+
+template <class S, class D>
+Expected expect(const Form& form, const Call<S, D>& c)
+{
+    const double scale = std::ldexp(1.0, -c.sf);
+    const auto toResult = [](double x) { return std::is_integral<D>::value ? roundSaturate<D>(x) : x; };
+    Expected e;
+    double total = -INFINITY, totalMagnitude = 0;
+    for (int i = 0; i < c.height; ++i) {
+        const int fi = form.shape == Shape::Frames ? i : 0;
+        const int mi = form.manyModels() ? i : 0;
+        const double q = quadForm(&c.frames[fi * c.width], &c.means[mi * c.width],
+                                  &c.vars[mi * c.width], c.width, form.var);
+        if (form.op == Op::Distance) {
+            const double d = std::sqrt(q) * scale;
+            e.out.push_back(toResult(d));
+            e.slack.push_back(allowedError<D>(form, 1 + d));
+            continue;
+        }
+        const double value = form.manyModels() ? c.perGaussian[i] : c.val;
+        const double term = -0.5 * q * scale;
+        const double score = toResult(value + term);
+        double magnitude = 1 + std::fabs(value) + std::fabs(term);
+        double out = score;
+        if (form.op == Op::LogAdd || form.op == Op::Max) {
+            out = form.op == Op::LogAdd ? logAdd(c.dstInit[i], score) : std::max(c.dstInit[i], score);
+            magnitude += std::fabs(c.dstInit[i]);
+        }
+        if (form.op == Op::MixtureSum) {
+            total = logAdd(total, score);
+            totalMagnitude = std::max(totalMagnitude, magnitude);
+            continue;
+        }
+        e.out.push_back(out);
+        e.slack.push_back(allowedError<D>(form, magnitude));
+    }
+    if (form.op == Op::MixtureSum) {
+        e.out.push_back(total);
+        e.slack.push_back(allowedError<D>(form, totalMagnitude));
+    }
+    return e;
+}
 
 struct Outcome {
     VdlStatus status;
@@ -228,174 +204,153 @@ void PrintTo(const Entry& e, std::ostream* os)
 }
 
 template <class S, class D, class Fn>
-Entry entry(const char* name, Fn fn)
+Entry entry(const std::string& name, Fn fn)
 {
     return {name, [name, fn](unsigned seed, int sf, int width, int height, Fault fault) {
                 const Form form(name);
-                const Scene scene = makeScene<S, D>(form, seed, form.scaled ? sf : 0, width, height);
-                Call<S, D> c(form, scene, fault);
+                Call<S, D> c(form, seed, sf, width, height, fault);
                 const VdlStatus status = fn(c);
-                return Outcome{status, c.output(), expect<D>(form, scene), c.untouched()};
+                return Outcome{status, c.output(), expect(form, c), c.untouched()};
             }};
 }
 
 // An order of arguments that entry points share. S, D and the scale factor
 // that 16-bit forms take last (Sf: none or one int) come from the signature.
 #define ORDER(order, params, args)                                                \
-    template <class S, class D, class... Sf>                                      \
-    Entry order(const char* name, VdlStatus (*fn) params)                         \
-    {                                                                             \
-        return entry<S, D>(name, [fn](Call<S, D>& c) { return fn args; });        \
-    }
+    struct order {                                                                \
+        template <class S, class D, class... Sf>                                  \
+        Entry operator()(const std::string& name, VdlStatus(*fn) params) const    \
+        {                                                                         \
+            return entry<S, D>(name, [fn](Call<S, D>& c) { return fn args; });    \
+        }                                                                         \
+    };
 
-ORDER(framesD2, (const S*, int, const S*, const S*, int, D*, int, D, Sf...),
-      (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
-ORDER(framesD2L, (const S* const*, const S*, const S*, int, D*, int, D, Sf...),
-      (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
-ORDER(framesIdD2, (const S*, int, const S*, int, D*, int, D, Sf...),
-      (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
-ORDER(framesIdD2L, (const S* const*, const S*, int, D*, int, D, Sf...),
-      (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, Sf(c.sf)...))
-ORDER(mixD2, (const S*, const S*, int, const S*, int, D*, int, Sf...),
+ORDER(FramesD2, (const S*, int, const S*, const S*, int, D*, int, D, Sf...),
+      (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(FramesD2L, (const S* const*, const S*, const S*, int, D*, int, D, Sf...),
+      (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(FramesIdD2, (const S*, int, const S*, int, D*, int, D, Sf...),
+      (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(FramesIdD2L, (const S* const*, const S*, int, D*, int, D, Sf...),
+      (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(MixD2, (const S*, const S*, int, const S*, int, D*, int, Sf...),
       (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, Sf(c.sf)...))
-ORDER(mixD2L, (const S* const*, const S* const*, const S*, int, D*, int, Sf...),
+ORDER(MixD2L, (const S* const*, const S* const*, const S*, int, D*, int, Sf...),
       (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, Sf(c.sf)...))
-ORDER(mixValD2, (const S*, const S*, int, const S*, int, const D*, D*, int, Sf...),
+ORDER(MixValD2, (const S*, const S*, int, const S*, int, const D*, D*, int, Sf...),
       (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
        Sf(c.sf)...))
-ORDER(mixValD2L, (const S* const*, const S* const*, const S*, int, const D*, D*, int, Sf...),
+ORDER(MixValD2L, (const S* const*, const S* const*, const S*, int, const D*, D*, int, Sf...),
       (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, Sf(c.sf)...))
-ORDER(mixtureD2, (const S*, const S*, const S*, int, int, int, const D*, D*, Sf...),
+ORDER(MixtureD2, (const S*, const S*, const S*, int, int, int, const D*, D*, Sf...),
       (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst(),
        Sf(c.sf)...))
-ORDER(mixtureD2L, (const S*, const S* const*, const S* const*, int, int, const D*, D*, Sf...),
+ORDER(MixtureD2L, (const S*, const S* const*, const S* const*, int, int, const D*, D*, Sf...),
       (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst(), Sf(c.sf)...))
-ORDER(mixtureIdD2, (const S*, const S*, int, int, int, const D*, D*, Sf...),
+ORDER(MixtureIdD2, (const S*, const S*, int, int, int, const D*, D*, Sf...),
       (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst(), Sf(c.sf)...))
-ORDER(mixtureIdD2L, (const S*, const S* const*, int, int, const D*, D*, Sf...),
+ORDER(MixtureIdD2L, (const S*, const S* const*, int, int, const D*, D*, Sf...),
       (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst(), Sf(c.sf)...))
-ORDER(single, (const S*, const S*, const S*, int, D*, D, Sf...),
-      (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, Sf(c.sf)...))
-ORDER(singleId, (const S*, const S*, int, D*, D, Sf...),
-      (c.frame(), c.mean(), c.width, c.dst(), c.val, Sf(c.sf)...))
-ORDER(distSingle, (const S*, const S*, const S*, int, D*, Sf...),
+ORDER(Single, (const S*, const S*, const S*, int, D*, D, Sf...),
+      (c.frame(), c.mean(), c.var(), c.width, c.dst(), D(c.val), Sf(c.sf)...))
+ORDER(SingleId, (const S*, const S*, int, D*, D, Sf...),
+      (c.frame(), c.mean(), c.width, c.dst(), D(c.val), Sf(c.sf)...))
+ORDER(DistSingle, (const S*, const S*, const S*, int, D*, Sf...),
       (c.frame(), c.mean(), c.var(), c.width, c.dst(), Sf(c.sf)...))
-ORDER(distD2, (const S*, int, const S*, const S*, int, D*, int),
+ORDER(DistD2, (const S*, int, const S*, const S*, int, D*, int),
       (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height))
-ORDER(distD2L, (const S* const*, const S*, const S*, int, D*, int),
+ORDER(DistD2L, (const S* const*, const S*, const S*, int, D*, int),
       (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height))
 
-#define N(fn) #fn, fn
+// Entries of one order: `names` is the list of the functions as written.
+template <class Order, class... Fns>
+void add(std::vector<Entry>& entries, Order order, std::string names, Fns... fns)
+{
+    const auto next = [&names] {
+        const size_t comma = std::min(names.find(','), names.size());
+        const std::string name = names.substr(0, comma);
+        names.erase(0, names.find_first_not_of(", ", comma));
+        return name;
+    };
+    (entries.push_back(order(next(), fns)), ...);
+}
+
+#define ADD(order, ...) add(list, order(), #__VA_ARGS__, __VA_ARGS__)
 
 std::vector<Entry> entries()
 {
-    return {
-        framesD2(N(vdlsLogGauss_32f_D2)), framesD2(N(vdlsLogGauss_64f_D2)),
-        framesD2(N(vdlsLogGauss_Scaled_16s32f_D2)), framesD2(N(vdlsLogGauss_16s32s_D2Sfs)),
-        framesD2L(N(vdlsLogGauss_32f_D2L)), framesD2L(N(vdlsLogGauss_64f_D2L)),
-        framesD2L(N(vdlsLogGauss_Scaled_16s32f_D2L)), framesD2L(N(vdlsLogGauss_16s32s_D2LSfs)),
-        framesIdD2(N(vdlsLogGauss_IdVar_32f_D2)), framesIdD2(N(vdlsLogGauss_IdVar_64f_D2)),
-        framesIdD2(N(vdlsLogGauss_IdVarScaled_16s32f_D2)),
-        framesIdD2(N(vdlsLogGauss_IdVar_16s32s_D2Sfs)), framesIdD2L(N(vdlsLogGauss_IdVar_32f_D2L)),
-        framesIdD2L(N(vdlsLogGauss_IdVar_64f_D2L)),
-        framesIdD2L(N(vdlsLogGauss_IdVarScaled_16s32f_D2L)),
-        framesIdD2L(N(vdlsLogGauss_IdVar_16s32s_D2LSfs)),
-        framesD2(N(vdlsLogGauss_Low_16s32s_D2Sfs)), framesD2L(N(vdlsLogGauss_Low_16s32s_D2LSfs)),
-        framesD2(N(vdlsLogGauss_LowScaled_16s32f_D2)),
-        framesD2L(N(vdlsLogGauss_LowScaled_16s32f_D2L)),
-        framesIdD2(N(vdlsLogGauss_IdVarLow_16s32s_D2Sfs)),
-        framesIdD2L(N(vdlsLogGauss_IdVarLow_16s32s_D2LSfs)),
-        framesIdD2(N(vdlsLogGauss_IdVarLowScaled_16s32f_D2)),
-        framesIdD2L(N(vdlsLogGauss_IdVarLowScaled_16s32f_D2L)),
-        mixD2(N(vdlsLogGaussMultiMix_32f_D2)), mixD2(N(vdlsLogGaussMultiMix_64f_D2)),
-        mixD2(N(vdlsLogGaussMultiMix_Scaled_16s32f_D2)),
-        mixD2(N(vdlsLogGaussMultiMix_16s32s_D2Sfs)), mixD2L(N(vdlsLogGaussMultiMix_32f_D2L)),
-        mixD2L(N(vdlsLogGaussMultiMix_64f_D2L)), mixD2L(N(vdlsLogGaussMultiMix_Scaled_16s32f_D2L)),
-        mixD2L(N(vdlsLogGaussMultiMix_16s32s_D2LSfs)),
-        mixD2(N(vdlsLogGaussMultiMix_Low_16s32s_D2Sfs)),
-        mixD2L(N(vdlsLogGaussMultiMix_Low_16s32s_D2LSfs)),
-        mixD2(N(vdlsLogGaussMultiMix_LowScaled_16s32f_D2)),
-        mixD2L(N(vdlsLogGaussMultiMix_LowScaled_16s32f_D2L)), framesD2(N(vdlsLogGaussAdd_32f_D2)),
-        framesD2L(N(vdlsLogGaussAdd_32f_D2L)), framesD2(N(vdlsLogGaussAdd_64f_D2)),
-        framesD2L(N(vdlsLogGaussAdd_64f_D2L)), framesD2(N(vdlsLogGaussAdd_Scaled_16s32f_D2)),
-        framesD2L(N(vdlsLogGaussAdd_Scaled_16s32f_D2L)),
-        framesIdD2(N(vdlsLogGaussAdd_IdVar_32f_D2)), framesIdD2L(N(vdlsLogGaussAdd_IdVar_32f_D2L)),
-        framesIdD2(N(vdlsLogGaussAdd_IdVar_64f_D2)), framesIdD2L(N(vdlsLogGaussAdd_IdVar_64f_D2L)),
-        framesIdD2(N(vdlsLogGaussAdd_IdVarScaled_16s32f_D2)),
-        framesIdD2L(N(vdlsLogGaussAdd_IdVarScaled_16s32f_D2L)),
-        framesD2(N(vdlsLogGaussAdd_LowScaled_16s32f_D2)),
-        framesD2L(N(vdlsLogGaussAdd_LowScaled_16s32f_D2L)),
-        framesIdD2(N(vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2)),
-        framesIdD2L(N(vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2L)),
-        mixValD2(N(vdlsLogGaussAddMultiMix_32f_D2)), mixValD2L(N(vdlsLogGaussAddMultiMix_32f_D2L)),
-        mixValD2(N(vdlsLogGaussAddMultiMix_64f_D2)), mixValD2L(N(vdlsLogGaussAddMultiMix_64f_D2L)),
-        mixValD2(N(vdlsLogGaussAddMultiMix_Scaled_16s32f_D2)),
-        mixValD2L(N(vdlsLogGaussAddMultiMix_Scaled_16s32f_D2L)),
-        mixValD2(N(vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2)),
-        mixValD2L(N(vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2L)),
-        framesD2(N(vdlsLogGaussMax_32f_D2)), framesD2L(N(vdlsLogGaussMax_32f_D2L)),
-        framesD2(N(vdlsLogGaussMax_64f_D2)), framesD2L(N(vdlsLogGaussMax_64f_D2L)),
-        framesD2(N(vdlsLogGaussMax_Scaled_16s32f_D2)),
-        framesD2L(N(vdlsLogGaussMax_Scaled_16s32f_D2L)), framesD2(N(vdlsLogGaussMax_16s32s_D2Sfs)),
-        framesD2L(N(vdlsLogGaussMax_16s32s_D2LSfs)), framesIdD2(N(vdlsLogGaussMax_IdVar_32f_D2)),
-        framesIdD2L(N(vdlsLogGaussMax_IdVar_32f_D2L)), framesIdD2(N(vdlsLogGaussMax_IdVar_64f_D2)),
-        framesIdD2L(N(vdlsLogGaussMax_IdVar_64f_D2L)),
-        framesIdD2(N(vdlsLogGaussMax_IdVarScaled_16s32f_D2)),
-        framesIdD2L(N(vdlsLogGaussMax_IdVarScaled_16s32f_D2L)),
-        framesIdD2(N(vdlsLogGaussMax_IdVar_16s32s_D2Sfs)),
-        framesIdD2L(N(vdlsLogGaussMax_IdVar_16s32s_D2LSfs)),
-        framesD2(N(vdlsLogGaussMax_LowScaled_16s32f_D2)),
-        framesD2L(N(vdlsLogGaussMax_LowScaled_16s32f_D2L)),
-        framesD2(N(vdlsLogGaussMax_Low_16s32s_D2Sfs)),
-        framesD2L(N(vdlsLogGaussMax_Low_16s32s_D2LSfs)),
-        framesIdD2(N(vdlsLogGaussMax_IdVarLowScaled_16s32f_D2)),
-        framesIdD2L(N(vdlsLogGaussMax_IdVarLowScaled_16s32f_D2L)),
-        framesIdD2(N(vdlsLogGaussMax_IdVarLow_16s32s_D2Sfs)),
-        framesIdD2L(N(vdlsLogGaussMax_IdVarLow_16s32s_D2LSfs)),
-        mixValD2(N(vdlsLogGaussMaxMultiMix_32f_D2)), mixValD2L(N(vdlsLogGaussMaxMultiMix_32f_D2L)),
-        mixValD2(N(vdlsLogGaussMaxMultiMix_64f_D2)), mixValD2L(N(vdlsLogGaussMaxMultiMix_64f_D2L)),
-        mixValD2(N(vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2)),
-        mixValD2L(N(vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2L)),
-        mixValD2(N(vdlsLogGaussMaxMultiMix_16s32s_D2Sfs)),
-        mixValD2L(N(vdlsLogGaussMaxMultiMix_16s32s_D2LSfs)),
-        mixValD2(N(vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2)),
-        mixValD2L(N(vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2L)),
-        mixValD2(N(vdlsLogGaussMaxMultiMix_Low_16s32s_D2Sfs)),
-        mixValD2L(N(vdlsLogGaussMaxMultiMix_Low_16s32s_D2LSfs)),
-        mixtureD2(N(vdlsLogGaussMixture_Scaled_16s32f_D2)),
-        mixtureD2L(N(vdlsLogGaussMixture_Scaled_16s32f_D2L)),
-        mixtureD2(N(vdlsLogGaussMixture_LowScaled_16s32f_D2)),
-        mixtureD2L(N(vdlsLogGaussMixture_LowScaled_16s32f_D2L)),
-        mixtureD2(N(vdlsLogGaussMixture_32f_D2)), mixtureD2L(N(vdlsLogGaussMixture_32f_D2L)),
-        mixtureD2(N(vdlsLogGaussMixture_64f_D2)), mixtureD2L(N(vdlsLogGaussMixture_64f_D2L)),
-        mixtureIdD2(N(vdlsLogGaussMixture_IdVarScaled_16s32f_D2)),
-        mixtureIdD2L(N(vdlsLogGaussMixture_IdVarScaled_16s32f_D2L)),
-        mixtureIdD2(N(vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2)),
-        mixtureIdD2L(N(vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2L)),
-        mixtureIdD2(N(vdlsLogGaussMixture_IdVar_32f_D2)),
-        mixtureIdD2L(N(vdlsLogGaussMixture_IdVar_32f_D2L)),
-        mixtureIdD2(N(vdlsLogGaussMixture_IdVar_64f_D2)),
-        mixtureIdD2L(N(vdlsLogGaussMixture_IdVar_64f_D2L)), single(N(vdlsLogGaussSingle_32f)),
-        single(N(vdlsLogGaussSingle_64f)), single(N(vdlsLogGaussSingle_32f64f)),
-        single(N(vdlsLogGaussSingle_Scaled_16s32f)),
-        singleId(N(vdlsLogGaussSingle_IdVarScaled_16s32f)),
-        single(N(vdlsLogGaussSingle_16s32s_Sfs)), singleId(N(vdlsLogGaussSingle_IdVar_16s32s_Sfs)),
-        singleId(N(vdlsLogGaussSingle_IdVar_32f)), singleId(N(vdlsLogGaussSingle_IdVar_64f)),
-        singleId(N(vdlsLogGaussSingle_IdVar_32f64f)), single(N(vdlsLogGaussSingle_DirectVar_32f)),
-        single(N(vdlsLogGaussSingle_DirectVar_64f)), single(N(vdlsLogGaussSingle_DirectVar_32f64f)),
-        single(N(vdlsLogGaussSingle_DirectVarScaled_16s32f)),
-        single(N(vdlsLogGaussSingle_LowScaled_16s32f)),
-        singleId(N(vdlsLogGaussSingle_IdVarLowScaled_16s32f)),
-        single(N(vdlsLogGaussSingle_DirectVar_16s32s_Sfs)),
-        single(N(vdlsLogGaussSingle_Low_16s32s_Sfs)),
-        singleId(N(vdlsLogGaussSingle_IdVarLow_16s32s_Sfs)), distSingle(N(vdlsMahDistSingle_32f)),
-        distSingle(N(vdlsMahDistSingle_64f)), distSingle(N(vdlsMahDistSingle_32f64f)),
-        distSingle(N(vdlsMahDistSingle_16s32f)), distSingle(N(vdlsMahDistSingle_16s32s_Sfs)),
-        distD2(N(vdlsMahDist_32f_D2)), distD2(N(vdlsMahDist_64f_D2)),
-        distD2L(N(vdlsMahDist_32f_D2L)), distD2L(N(vdlsMahDist_64f_D2L)),
-        mixD2(N(vdlsMahDistMultiMix_32f_D2)), mixD2(N(vdlsMahDistMultiMix_64f_D2)),
-        mixD2L(N(vdlsMahDistMultiMix_32f_D2L)), mixD2L(N(vdlsMahDistMultiMix_64f_D2L))
-    };
+    std::vector<Entry> list;
+    ADD(FramesD2, vdlsLogGauss_32f_D2, vdlsLogGauss_64f_D2, vdlsLogGauss_Scaled_16s32f_D2,
+        vdlsLogGauss_16s32s_D2Sfs, vdlsLogGauss_Low_16s32s_D2Sfs, vdlsLogGauss_LowScaled_16s32f_D2,
+        vdlsLogGaussAdd_32f_D2, vdlsLogGaussAdd_64f_D2, vdlsLogGaussAdd_Scaled_16s32f_D2,
+        vdlsLogGaussAdd_LowScaled_16s32f_D2, vdlsLogGaussMax_32f_D2, vdlsLogGaussMax_64f_D2,
+        vdlsLogGaussMax_Scaled_16s32f_D2, vdlsLogGaussMax_16s32s_D2Sfs,
+        vdlsLogGaussMax_LowScaled_16s32f_D2, vdlsLogGaussMax_Low_16s32s_D2Sfs);
+    ADD(FramesD2L, vdlsLogGauss_32f_D2L, vdlsLogGauss_64f_D2L, vdlsLogGauss_Scaled_16s32f_D2L,
+        vdlsLogGauss_16s32s_D2LSfs, vdlsLogGauss_Low_16s32s_D2LSfs,
+        vdlsLogGauss_LowScaled_16s32f_D2L, vdlsLogGaussAdd_32f_D2L, vdlsLogGaussAdd_64f_D2L,
+        vdlsLogGaussAdd_Scaled_16s32f_D2L, vdlsLogGaussAdd_LowScaled_16s32f_D2L,
+        vdlsLogGaussMax_32f_D2L, vdlsLogGaussMax_64f_D2L, vdlsLogGaussMax_Scaled_16s32f_D2L,
+        vdlsLogGaussMax_16s32s_D2LSfs, vdlsLogGaussMax_LowScaled_16s32f_D2L,
+        vdlsLogGaussMax_Low_16s32s_D2LSfs);
+    ADD(FramesIdD2, vdlsLogGauss_IdVar_32f_D2, vdlsLogGauss_IdVar_64f_D2,
+        vdlsLogGauss_IdVarScaled_16s32f_D2, vdlsLogGauss_IdVar_16s32s_D2Sfs,
+        vdlsLogGauss_IdVarLow_16s32s_D2Sfs, vdlsLogGauss_IdVarLowScaled_16s32f_D2,
+        vdlsLogGaussAdd_IdVar_32f_D2, vdlsLogGaussAdd_IdVar_64f_D2,
+        vdlsLogGaussAdd_IdVarScaled_16s32f_D2, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2,
+        vdlsLogGaussMax_IdVar_32f_D2, vdlsLogGaussMax_IdVar_64f_D2,
+        vdlsLogGaussMax_IdVarScaled_16s32f_D2, vdlsLogGaussMax_IdVar_16s32s_D2Sfs,
+        vdlsLogGaussMax_IdVarLowScaled_16s32f_D2, vdlsLogGaussMax_IdVarLow_16s32s_D2Sfs);
+    ADD(FramesIdD2L, vdlsLogGauss_IdVar_32f_D2L, vdlsLogGauss_IdVar_64f_D2L,
+        vdlsLogGauss_IdVarScaled_16s32f_D2L, vdlsLogGauss_IdVar_16s32s_D2LSfs,
+        vdlsLogGauss_IdVarLow_16s32s_D2LSfs, vdlsLogGauss_IdVarLowScaled_16s32f_D2L,
+        vdlsLogGaussAdd_IdVar_32f_D2L, vdlsLogGaussAdd_IdVar_64f_D2L,
+        vdlsLogGaussAdd_IdVarScaled_16s32f_D2L, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2L,
+        vdlsLogGaussMax_IdVar_32f_D2L, vdlsLogGaussMax_IdVar_64f_D2L,
+        vdlsLogGaussMax_IdVarScaled_16s32f_D2L, vdlsLogGaussMax_IdVar_16s32s_D2LSfs,
+        vdlsLogGaussMax_IdVarLowScaled_16s32f_D2L, vdlsLogGaussMax_IdVarLow_16s32s_D2LSfs);
+    ADD(MixD2, vdlsLogGaussMultiMix_32f_D2, vdlsLogGaussMultiMix_64f_D2,
+        vdlsLogGaussMultiMix_Scaled_16s32f_D2, vdlsLogGaussMultiMix_16s32s_D2Sfs,
+        vdlsLogGaussMultiMix_Low_16s32s_D2Sfs, vdlsLogGaussMultiMix_LowScaled_16s32f_D2,
+        vdlsMahDistMultiMix_32f_D2, vdlsMahDistMultiMix_64f_D2);
+    ADD(MixD2L, vdlsLogGaussMultiMix_32f_D2L, vdlsLogGaussMultiMix_64f_D2L,
+        vdlsLogGaussMultiMix_Scaled_16s32f_D2L, vdlsLogGaussMultiMix_16s32s_D2LSfs,
+        vdlsLogGaussMultiMix_Low_16s32s_D2LSfs, vdlsLogGaussMultiMix_LowScaled_16s32f_D2L,
+        vdlsMahDistMultiMix_32f_D2L, vdlsMahDistMultiMix_64f_D2L);
+    ADD(MixValD2, vdlsLogGaussAddMultiMix_32f_D2, vdlsLogGaussAddMultiMix_64f_D2,
+        vdlsLogGaussAddMultiMix_Scaled_16s32f_D2, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2,
+        vdlsLogGaussMaxMultiMix_32f_D2, vdlsLogGaussMaxMultiMix_64f_D2,
+        vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2, vdlsLogGaussMaxMultiMix_16s32s_D2Sfs,
+        vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2, vdlsLogGaussMaxMultiMix_Low_16s32s_D2Sfs);
+    ADD(MixValD2L, vdlsLogGaussAddMultiMix_32f_D2L, vdlsLogGaussAddMultiMix_64f_D2L,
+        vdlsLogGaussAddMultiMix_Scaled_16s32f_D2L, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2L,
+        vdlsLogGaussMaxMultiMix_32f_D2L, vdlsLogGaussMaxMultiMix_64f_D2L,
+        vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2L, vdlsLogGaussMaxMultiMix_16s32s_D2LSfs,
+        vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2L, vdlsLogGaussMaxMultiMix_Low_16s32s_D2LSfs);
+    ADD(MixtureD2, vdlsLogGaussMixture_Scaled_16s32f_D2, vdlsLogGaussMixture_LowScaled_16s32f_D2,
+        vdlsLogGaussMixture_32f_D2, vdlsLogGaussMixture_64f_D2);
+    ADD(MixtureD2L, vdlsLogGaussMixture_Scaled_16s32f_D2L, vdlsLogGaussMixture_LowScaled_16s32f_D2L,
+        vdlsLogGaussMixture_32f_D2L, vdlsLogGaussMixture_64f_D2L);
+    ADD(MixtureIdD2, vdlsLogGaussMixture_IdVarScaled_16s32f_D2,
+        vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2, vdlsLogGaussMixture_IdVar_32f_D2,
+        vdlsLogGaussMixture_IdVar_64f_D2);
+    ADD(MixtureIdD2L, vdlsLogGaussMixture_IdVarScaled_16s32f_D2L,
+        vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2L, vdlsLogGaussMixture_IdVar_32f_D2L,
+        vdlsLogGaussMixture_IdVar_64f_D2L);
+    ADD(Single, vdlsLogGaussSingle_32f, vdlsLogGaussSingle_64f, vdlsLogGaussSingle_32f64f,
+        vdlsLogGaussSingle_Scaled_16s32f, vdlsLogGaussSingle_16s32s_Sfs,
+        vdlsLogGaussSingle_DirectVar_32f, vdlsLogGaussSingle_DirectVar_64f,
+        vdlsLogGaussSingle_DirectVar_32f64f, vdlsLogGaussSingle_DirectVarScaled_16s32f,
+        vdlsLogGaussSingle_LowScaled_16s32f, vdlsLogGaussSingle_DirectVar_16s32s_Sfs,
+        vdlsLogGaussSingle_Low_16s32s_Sfs);
+    ADD(SingleId, vdlsLogGaussSingle_IdVarScaled_16s32f, vdlsLogGaussSingle_IdVar_16s32s_Sfs,
+        vdlsLogGaussSingle_IdVar_32f, vdlsLogGaussSingle_IdVar_64f, vdlsLogGaussSingle_IdVar_32f64f,
+        vdlsLogGaussSingle_IdVarLowScaled_16s32f, vdlsLogGaussSingle_IdVarLow_16s32s_Sfs);
+    ADD(DistSingle, vdlsMahDistSingle_32f, vdlsMahDistSingle_64f, vdlsMahDistSingle_32f64f,
+        vdlsMahDistSingle_16s32f, vdlsMahDistSingle_16s32s_Sfs);
+    ADD(DistD2, vdlsMahDist_32f_D2, vdlsMahDist_64f_D2);
+    ADD(DistD2L, vdlsMahDist_32f_D2L, vdlsMahDist_64f_D2L);
+    return list;
 }
 
 class GaussScoring : public ::testing::TestWithParam<Entry> {};
