@@ -180,33 +180,27 @@ TYPED_TEST(Split, FormVectorCopiesChosenCodewords)
         table.push_back(r.data());
     const std::vector<Vdl32s> heights = {10, 5, 3, 1, 10}, widths = {3, 1, 4, 2, 5},
                               steps = {4, 1, 6, 2, 5};
-    const std::vector<Vdl8u> ind8 = {9, 4, 2, 0, 7};
-    const std::vector<Vdl16s> ind16(ind8.begin(), ind8.end());
-
+    const std::vector<Vdl8u> i8 = {9, 4, 2, 0, 7};
+    const std::vector<Vdl16s> i16(i8.begin(), i8.end());
+    const auto* h = heights.data();
     std::vector<T> out2(2 * len), out4(4 * len), outS(15), outS16(15);
     if constexpr (std::is_same<T, Vdl16s>::value) {
-        ASSERT_EQ(vdlsFormVector_2i_8u16s(ind8.data(), table.data(), heights.data(), out2.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_4i_16s16s(ind16.data(), table.data(), heights.data(), out4.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_8u16s(ind8.data(), table.data(), heights.data(), widths.data(),
-                                       steps.data(), len, outS.data()), 0);
-        ASSERT_EQ(vdlsFormVector_16s16s(ind16.data(), table.data(), heights.data(), widths.data(),
-                                        steps.data(), len, outS16.data()), 0);
+        ASSERT_EQ(vdlsFormVector_2i_8u16s(i8.data(), table.data(), h, out2.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_4i_16s16s(i16.data(), table.data(), h, out4.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_8u16s(i8.data(), table.data(), h, widths.data(), steps.data(), len, outS.data()), 0);
+        ASSERT_EQ(vdlsFormVector_16s16s(i16.data(), table.data(), h, widths.data(), steps.data(), len, outS16.data()), 0);
     } else {
-        ASSERT_EQ(vdlsFormVector_2i_16s32f(ind16.data(), table.data(), heights.data(), out2.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_4i_8u32f(ind8.data(), table.data(), heights.data(), out4.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_8u32f(ind8.data(), table.data(), heights.data(), widths.data(),
-                                       steps.data(), len, outS.data()), 0);
-        ASSERT_EQ(vdlsFormVector_16s32f(ind16.data(), table.data(), heights.data(), widths.data(),
-                                        steps.data(), len, outS16.data()), 0);
+        ASSERT_EQ(vdlsFormVector_2i_16s32f(i16.data(), table.data(), h, out2.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_4i_8u32f(i8.data(), table.data(), h, out4.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_8u32f(i8.data(), table.data(), h, widths.data(), steps.data(), len, outS.data()), 0);
+        ASSERT_EQ(vdlsFormVector_16s32f(i16.data(), table.data(), h, widths.data(), steps.data(), len, outS16.data()), 0);
     }
     std::vector<T> want2, want4, wantS;
     for (int k = 0; k < len; ++k) {
-        for (int j = 0; j < 2; ++j)
-            want2.push_back(rows[k][2 * ind8[k] + j]);
-        for (int j = 0; j < 4; ++j)
-            want4.push_back(rows[k][4 * ind8[k] + j]);
-        for (int j = 0; j < widths[k]; ++j)
-            wantS.push_back(rows[k][ind8[k] * steps[k] + j]);
+        const auto row = rows[k].begin();
+        want2.insert(want2.end(), row + 2 * i8[k], row + 2 * i8[k] + 2);
+        want4.insert(want4.end(), row + 4 * i8[k], row + 4 * i8[k] + 4);
+        wantS.insert(wantS.end(), row + steps[k] * i8[k], row + steps[k] * i8[k] + widths[k]);
     }
     EXPECT_EQ(out2, want2);
     EXPECT_EQ(out4, want4);
