@@ -80,13 +80,14 @@ protected:
             EXPECT_LE(distance(x, code[c][index], {}), best + 1e-5 * (1 + best));
         }
     }
-    // Row i rebuilt from its indices is the codewords of those indices.
-    void expectRebuilt(const std::vector<T>& out, int dstStep, const std::vector<int>& index) const
+    // Row i of `out` rebuilt from its indices (four a row) is the codewords
+    // of those indices.
+    void expectRebuilt(const std::vector<T>& out, int dstStep, const std::vector<Vdl16s>& index) const
     {
         for (int i = 0; i < height; ++i) {
             std::vector<double> want;
             for (size_t c = 0; c < widths.size(); ++c) {
-                const auto& w = code[c][index[i * widths.size() + c]];
+                const auto& w = code[c][index[i * 4 + c]];
                 want.insert(want.end(), w.begin(), w.end());
             }
             std::vector<double> got(out.begin() + i * dstStep, out.begin() + i * dstStep + 6);
@@ -103,66 +104,38 @@ protected:
 using Types = ::testing::Types<Vdl16s, Vdl32f>;
 TYPED_TEST_SUITE(Split, Types);
 
-TYPED_TEST(Split, ElementIndicesRoundTrip)
+// 16-bit, 8-bit and bit-packed indices name the same nearest codewords,
+// the packed ones laid out bit by bit, and rebuild the vectors.
+TYPED_TEST(Split, IndicesOfEachTypeNameTheNearestCodewordsAndRebuildThem)
 {
     using T = TypeParam;
-    const int n = static_cast<int>(this->widths.size());
+    using Fn = SplitApi<T>;
+    const int n = 3, h = this->height, rowBits = 3 + 5 + 0 + 3;  // three spare bits a row
+    const auto* table = this->table.data();
     const std::vector<T> src = flatten<T>(this->vectors, this->step);
-    std::vector<Vdl16s> idx16(this->height * 4, -1);
-    std::vector<Vdl8u> idx8(this->height * 4, 255);
-    ASSERT_EQ(SplitApi<T>::split16(src.data(), this->step, idx16.data(), 4, this->height,
-                                   this->table.data(), n),
-              vdlStsNoErr);
-    ASSERT_EQ(SplitApi<T>::split8(src.data(), this->step, idx8.data(), 4, this->height,
-                                  this->table.data(), n),
-              vdlStsNoErr);
-    std::vector<int> index;
-    for (int i = 0; i < this->height; ++i) {
-        for (int c = 0, offset = 0; c < n; offset += this->widths[c], ++c) {
-            EXPECT_EQ(idx16[i * 4 + c], idx8[i * 4 + c]);
+    std::vector<Vdl16s> idx16(h * 4, -1);
+    std::vector<Vdl8u> idx8(h * 4, 255), packed(h * 2, 0xA5), want(packed);
+    ASSERT_EQ(Fn::split16(src.data(), this->step, idx16.data(), 4, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::split8(src.data(), this->step, idx8.data(), 4, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::split1(src.data(), this->step, packed.data(), rowBits, h, table, n), vdlStsNoErr);
+    for (int i = 0; i < h; ++i) {
+        for (int c = 0, offset = 0, at = 0; c < n; offset += this->widths[c], at += this->bits[c], ++c) {
+            EXPECT_EQ(idx8[i * 4 + c], idx16[i * 4 + c]);
             this->expectNearest(i, c, idx16[i * 4 + c], offset);
-            index.push_back(idx16[i * 4 + c]);
+            // The same bits written one by one into the same background.
+            writeBits(want, static_cast<long long>(i) * rowBits + at, this->bits[c], idx16[i * 4 + c]);
         }
         EXPECT_EQ(idx16[i * 4 + 3], -1) << "spare index element written";
     }
-    std::vector<T> out16(this->height * 7, poison<T>()), out8(out16);
-    ASSERT_EQ(SplitApi<T>::form16(idx16.data(), 4, out16.data(), 7, this->height,
-                                  this->table.data(), n),
-              vdlStsNoErr);
-    ASSERT_EQ(SplitApi<T>::form8(idx8.data(), 4, out8.data(), 7, this->height, this->table.data(),
-                                 n),
-              vdlStsNoErr);
-    this->expectRebuilt(out16, 7, index);
-    this->expectRebuilt(out8, 7, index);
-}
-
-TYPED_TEST(Split, PackedIndicesMatchBitByBitLayout)
-{
-    using T = TypeParam;
-    const int n = static_cast<int>(this->widths.size());
-    const int rowBits = 3 + 5 + 0 + 3;  // three spare bits a row
-    const std::vector<T> src = flatten<T>(this->vectors, this->step);
-    std::vector<Vdl8u> packed(this->height * 2, 0xA5);
-    ASSERT_EQ(SplitApi<T>::split1(src.data(), this->step, packed.data(), rowBits, this->height,
-                                  this->table.data(), n),
-              vdlStsNoErr);
-    std::vector<Vdl16s> idx16(this->height * n);
-    ASSERT_EQ(SplitApi<T>::split16(src.data(), this->step, idx16.data(), n, this->height,
-                                   this->table.data(), n),
-              vdlStsNoErr);
-    // The same bits written one by one into the same background.
-    std::vector<Vdl8u> want(packed.size(), 0xA5);
-    for (int i = 0; i < this->height; ++i)
-        for (int c = 0, at = 0; c < n; at += this->bits[c], ++c)
-            writeBits(want, static_cast<long long>(i) * rowBits + at, this->bits[c],
-                      idx16[i * n + c]);
     EXPECT_EQ(packed, want);
-
-    std::vector<T> out(this->height * 6, poison<T>());
-    ASSERT_EQ(SplitApi<T>::form1(packed.data(), rowBits, out.data(), 6, this->height,
-                                 this->table.data(), n),
-              vdlStsNoErr);
-    this->expectRebuilt(out, 6, std::vector<int>(idx16.begin(), idx16.end()));
+    // Rebuilt rows a step apart that leaves a gap, and one that leaves none.
+    std::vector<T> out16(h * 7, poison<T>()), out8(out16), out1(h * 6, poison<T>());
+    ASSERT_EQ(Fn::form16(idx16.data(), 4, out16.data(), 7, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::form8(idx8.data(), 4, out8.data(), 7, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::form1(packed.data(), rowBits, out1.data(), 6, h, table, n), vdlStsNoErr);
+    this->expectRebuilt(out16, 7, idx16);
+    this->expectRebuilt(out8, 7, idx16);
+    this->expectRebuilt(out1, 6, idx16);
 }
 
 // Rows of a codebook of two or four elements a codeword, and streams of
