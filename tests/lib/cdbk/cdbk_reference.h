@@ -115,6 +115,12 @@ struct Api<Vdl16s> {
     static constexpr auto vq = vdlsVQ_16s;
     static constexpr auto thresh = vdlsVQSingle_Thresh_16s;
     static constexpr auto sort = vdlsVQSingle_Sort_16s;
+    static constexpr auto split16 = vdlsSplitVQ_16s16s;
+    static constexpr auto split8 = vdlsSplitVQ_16s8u;
+    static constexpr auto split1 = vdlsSplitVQ_16s1u;
+    static constexpr auto form16 = vdlsFormVectorVQ_16s16s;
+    static constexpr auto form8 = vdlsFormVectorVQ_8u16s;
+    static constexpr auto form1 = vdlsFormVectorVQ_1u16s;
     static constexpr int scaleFactor = 1;
     static VdlStatus vqDist(const Vdl16s* s, int step, Vdl32s* i, Dist* d, int h, const State* c)
     {
@@ -143,6 +149,12 @@ struct Api<Vdl32f> {
     static constexpr auto vq = vdlsVQ_32f;
     static constexpr auto thresh = vdlsVQSingle_Thresh_32f;
     static constexpr auto sort = vdlsVQSingle_Sort_32f;
+    static constexpr auto split16 = vdlsSplitVQ_32f16s;
+    static constexpr auto split8 = vdlsSplitVQ_32f8u;
+    static constexpr auto split1 = vdlsSplitVQ_32f1u;
+    static constexpr auto form16 = vdlsFormVectorVQ_16s32f;
+    static constexpr auto form8 = vdlsFormVectorVQ_8u32f;
+    static constexpr auto form1 = vdlsFormVectorVQ_1u32f;
     static constexpr auto vqDist = vdlsVQDist_32f;
     static constexpr auto threshDist = vdlsVQDistSingle_Thresh_32f;
     static constexpr auto sortDist = vdlsVQDistSingle_Sort_32f;

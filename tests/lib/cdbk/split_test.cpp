@@ -11,29 +11,6 @@ using namespace cdbkref;
 namespace {
 
 template <class T>
-struct SplitApi;
-
-template <>
-struct SplitApi<Vdl16s> {
-    static constexpr auto split16 = vdlsSplitVQ_16s16s;
-    static constexpr auto split8 = vdlsSplitVQ_16s8u;
-    static constexpr auto split1 = vdlsSplitVQ_16s1u;
-    static constexpr auto form16 = vdlsFormVectorVQ_16s16s;
-    static constexpr auto form8 = vdlsFormVectorVQ_8u16s;
-    static constexpr auto form1 = vdlsFormVectorVQ_1u16s;
-};
-
-template <>
-struct SplitApi<Vdl32f> {
-    static constexpr auto split16 = vdlsSplitVQ_32f16s;
-    static constexpr auto split8 = vdlsSplitVQ_32f8u;
-    static constexpr auto split1 = vdlsSplitVQ_32f1u;
-    static constexpr auto form16 = vdlsFormVectorVQ_16s32f;
-    static constexpr auto form8 = vdlsFormVectorVQ_8u32f;
-    static constexpr auto form1 = vdlsFormVectorVQ_1u32f;
-};
-
-template <class T>
 class Split : public ::testing::Test {
 protected:
     using A = Api<T>;
@@ -109,7 +86,7 @@ TYPED_TEST_SUITE(Split, Types);
 TYPED_TEST(Split, IndicesOfEachTypeNameTheNearestCodewordsAndRebuildThem)
 {
     using T = TypeParam;
-    using Fn = SplitApi<T>;
+    using Fn = Api<T>;
     const int n = 3, h = this->height, rowBits = 3 + 5 + 0 + 3;  // three spare bits a row
     const auto* table = this->table.data();
     const std::vector<T> src = flatten<T>(this->vectors, this->step);
