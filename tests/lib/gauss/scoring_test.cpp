@@ -61,10 +61,10 @@ struct Form {
 template <class S, class D>
 class Call {
 public:
-    Call(const Form& form, unsigned seed, int sf, int w, int h, Fault fault)
+    Call(const Form& form, unsigned seed, int scaleFactor, int w, int h, Fault fault)
         : width(fault == Fault::ZeroWidth ? 0 : w),
           height(fault == Fault::ZeroHeight ? 0 : form.shape == Shape::Single ? 1 : h),
-          step(fault == Fault::NarrowStep ? w - 1 : w + 3), sf(form.scaled ? sf : 0),
+          step(fault == Fault::NarrowStep ? w - 1 : w + 3), sf(form.scaled ? scaleFactor : 0),
           m_fault(fault)
     {
         std::mt19937 rng(seed);
