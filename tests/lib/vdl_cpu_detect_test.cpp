@@ -97,6 +97,7 @@ TEST(VdlCacheDetect, DescriptorsBelowFunctionFour)
 
 TEST(VdlCacheDetect, DescriptorRulesForCountByteAndInstructionCaches)
 {
+    EXPECT_EQ(largest(RecordedCpuid(1, 0)), 0);  // nothing reported
     RecordedCpuid cpu(2, 0);
     cpu.set(2, 0, {0x000030ECu, 0, 0, 0});  // 0xEC is the count byte; 0x30 an L1I
     EXPECT_EQ(largest(cpu), 0);
@@ -108,14 +109,8 @@ TEST(VdlCacheDetect, DescriptorTableIsLargestFirst)
 {
     int count = 0;
     const vdl::CacheDescriptor* table = vdl::cacheDescriptors(&count);
-    EXPECT_EQ(count, 70);
     for (int i = 1; i < count; ++i)
         EXPECT_GE(table[i - 1].size, table[i].size) << i;
-}
-
-TEST(VdlCacheDetect, NothingReportedGivesZero)
-{
-    EXPECT_EQ(largest(RecordedCpuid(1, 0)), 0);
 }
 
 TEST(VdlCoresDetect, FromFunctionFourOrExtendedCount)

@@ -30,10 +30,8 @@ protected:
         }
         ASSERT_EQ(vdlsCdbkInitAlloc_L2_16s(&cb16, src16, 2, 2, 5, 5, vdlCdbkHintFull), 0);
         ASSERT_EQ(vdlsCdbkInitAlloc_L2_32f(&cb32, src32, 2, 2, 5, 5, vdlCdbkHintFull), 0);
-        ASSERT_EQ(vdlsCdbkInitAlloc_L2_16s(&big16, src16, 1, 1, 40, 40, vdlCdbkHintFull), 0);
         table16[0] = table16[1] = cb16;
         table32[0] = table32[1] = cb32;
-        bigTable[0] = big16;
         std::memset(out, 0x5A, sizeof out);
         std::memcpy(saved, out, sizeof out);
     }
@@ -41,17 +39,14 @@ protected:
     {
         vdlsCdbkFree_16s(cb16);
         vdlsCdbkFree_32f(cb32);
-        vdlsCdbkFree_16s(big16);
     }
 
     Vdl16s src16[40];
     Vdl32f src32[40];
     VdlsCdbkState_16s* cb16 = nullptr;
     VdlsCdbkState_32f* cb32 = nullptr;
-    VdlsCdbkState_16s* big16 = nullptr;
     VdlsCdbkState_16s* table16[2] = {};
     VdlsCdbkState_32f* table32[2] = {};
-    VdlsCdbkState_16s* bigTable[1] = {};
     // Every output of the calls points in here.
     unsigned char out[512];
     unsigned char saved[512];
@@ -122,7 +117,7 @@ TEST_F(BadArguments, RefusedWithoutWritingOrRaisingFlags)
         {"form VQ: vector step", vdlStsStepErr, [&] { return vdlsFormVectorVQ_8u16s(idx8, 2, dst16, 3, 2, table16, 2); }},
         {"form VQ: null codebook", vdlStsNullPtrErr, [&] { return vdlsFormVectorVQ_8u16s(idx8, 2, dst16, 4, 2, withNull, 2); }},
         {"form VQ: no codebooks", vdlStsSizeErr, [&] { return vdlsFormVectorVQ_8u16s(idx8, 2, dst16, 4, 2, table16, 0); }},
-        {"split: index step 0", vdlStsStepErr, [&] { return vdlsSplitVQ_16s8u(src16, 1, dst8, 0, 2, bigTable, 1); }},
+        {"split: index step 0", vdlStsStepErr, [&] { return vdlsSplitVQ_16s8u(src16, 4, dst8, 0, 2, table16, 2); }},
         {"split: packed step", vdlStsStepErr, [&] { return vdlsSplitVQ_32f1u(src32, 4, dst8, 5, 2, table32, 2); }},
         {"split: vector step", vdlStsStepErr, [&] { return vdlsSplitVQ_32f16s(src32, 3, dst16, 2, 2, table32, 2); }},
         {"split: null indices", vdlStsNullPtrErr, [&] { return vdlsSplitVQ_16s16s(src16, 4, nullptr, 2, 2, table16, 2); }},

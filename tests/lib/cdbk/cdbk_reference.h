@@ -26,16 +26,6 @@ inline double distance(const std::vector<double>& x, const std::vector<double>& 
     return d;
 }
 
-// Index of the nearest codeword, the lower index among equals.
-inline int nearest(const std::vector<double>& x, const Rows& code, const std::vector<double>& w)
-{
-    int best = 0;
-    for (int j = 1; j < static_cast<int>(code.size()); ++j)
-        if (distance(x, code[j], w) < distance(x, code[best], w))
-            best = j;
-    return best;
-}
-
 // Codeword indices by distance, the lower index among equals.
 inline std::vector<int> ranked(const std::vector<double>& x, const Rows& code,
                                const std::vector<double>& w)
@@ -49,6 +39,11 @@ inline std::vector<int> ranked(const std::vector<double>& x, const Rows& code,
     return order;
 }
 
+inline int nearest(const std::vector<double>& x, const Rows& code, const std::vector<double>& w)
+{
+    return ranked(x, code, w)[0];
+}
+
 inline double distortion(const Rows& data, const Rows& code, const std::vector<double>& w)
 {
     double sum = 0;
@@ -57,84 +52,22 @@ inline double distortion(const Rows& data, const Rows& code, const std::vector<d
     return sum;
 }
 
-// Seeds farthest first: row 0, then the row farthest from its nearest seed.
-inline Rows farthestFirst(const Rows& data, int k, const std::vector<double>& w)
-{
-    Rows code;
-    int seed = 0;
-    for (int j = 0; j < k; ++j) {
-        code.push_back(data[seed]);
-        double far = -1;
-        for (int i = 0; i < static_cast<int>(data.size()); ++i) {
-            const double d = distance(data[i], code[nearest(data[i], code, w)], w);
-            if (d > far) {
-                far = d;
-                seed = i;
-            }
-        }
-    }
-    return code;
-}
-
-// Lloyd rounds from farthest-first seeds; an empty cluster takes the
-// vector farthest from its codeword, each vector once a round.
-inline Rows lloyd(const Rows& data, int k, const std::vector<double>& w, int rounds)
-{
-    const int n = static_cast<int>(data.size());
-    const size_t width = data[0].size();
-    Rows code = farthestFirst(data, k, w);
-    std::vector<int> assigned(n, -1);
-    for (int round = 0; round < rounds; ++round) {
-        bool moved = false;
-        std::vector<double> dist(n);
-        for (int i = 0; i < n; ++i) {
-            const int j = nearest(data[i], code, w);
-            moved = moved || j != assigned[i];
-            assigned[i] = j;
-            dist[i] = distance(data[i], code[j], w);
-        }
-        Rows sums(k, std::vector<double>(width, 0.0));
-        std::vector<int> counts(k, 0);
-        for (int i = 0; i < n; ++i) {
-            for (size_t c = 0; c < width; ++c)
-                sums[assigned[i]][c] += data[i][c];
-            ++counts[assigned[i]];
-        }
-        for (int j = 0; j < k; ++j) {
-            if (counts[j] > 0) {
-                for (size_t c = 0; c < width; ++c)
-                    code[j][c] = sums[j][c] / counts[j];
-                continue;
-            }
-            int far = -1;
-            for (int i = 0; i < n; ++i)
-                if (dist[i] > 0 && (far < 0 || dist[i] > dist[far]))
-                    far = i;
-            if (far < 0)
-                continue;
-            code[j] = data[far];
-            dist[far] = -1;
-            moved = true;
-        }
-        if (!moved)
-            break;
-    }
-    return code;
-}
-
-// `clusters` tight groups far apart, rows shuffled: k-means has one clear answer.
+// `clusters` tight groups far apart, rows shuffled, and the mean of each
+// group: the codebook k-means should find.
 template <class T>
-Rows clusteredRows(std::mt19937& rng, int clusters, int perCluster, int width)
+Rows clusteredRows(std::mt19937& rng, int clusters, int perCluster, int width, Rows& means)
 {
-    const bool ints = std::is_integral<T>::value;
     Rows rows;
+    means.assign(clusters, std::vector<double>(width, 0.0));
     for (int c = 0; c < clusters; ++c) {
         const std::vector<double> centre = randomValues<T>(rng, width, -1000, 1000);
         for (int i = 0; i < perCluster; ++i) {
-            std::vector<double> noise = randomValues<T>(rng, width, ints ? -5 : -5.0, ints ? 5 : 5.0);
-            for (int k = 0; k < width; ++k)
-                noise[k] += centre[k];
-            rows.push_back(noise);
+            std::vector<double> row = randomValues<T>(rng, width, -5, 5);
+            for (int k = 0; k < width; ++k) {
+                row[k] += centre[k];
+                means[c][k] += row[k] / perCluster;
+            }
+            rows.push_back(row);
         }
     }
     std::shuffle(rows.begin(), rows.end(), rng);
@@ -152,18 +85,8 @@ std::vector<T> flatten(const Rows& rows, int step)
     return flat;
 }
 
-// The bit string of packed indices, bit by bit: row r at bit r * rowBits,
-// most significant bit of each byte first.
-inline int readBits(const std::vector<Vdl8u>& bytes, long long first, int bits)
-{
-    int v = 0;
-    for (int b = 0; b < bits; ++b) {
-        const long long bit = first + b;
-        v = v * 2 + ((bytes[bit / 8] >> (7 - bit % 8)) & 1);
-    }
-    return v;
-}
-
+// Writes `value` into the bit string of packed indices: `bits` bits from
+// bit `first`, the most significant bit of each byte first.
 inline void writeBits(std::vector<Vdl8u>& bytes, long long first, int bits, int value)
 {
     for (int b = 0; b < bits; ++b) {
@@ -192,6 +115,12 @@ struct Api<Vdl16s> {
     static constexpr auto vq = vdlsVQ_16s;
     static constexpr auto thresh = vdlsVQSingle_Thresh_16s;
     static constexpr auto sort = vdlsVQSingle_Sort_16s;
+    static constexpr auto split16 = vdlsSplitVQ_16s16s;
+    static constexpr auto split8 = vdlsSplitVQ_16s8u;
+    static constexpr auto split1 = vdlsSplitVQ_16s1u;
+    static constexpr auto form16 = vdlsFormVectorVQ_16s16s;
+    static constexpr auto form8 = vdlsFormVectorVQ_8u16s;
+    static constexpr auto form1 = vdlsFormVectorVQ_1u16s;
     static constexpr int scaleFactor = 1;
     static VdlStatus vqDist(const Vdl16s* s, int step, Vdl32s* i, Dist* d, int h, const State* c)
     {
@@ -220,6 +149,12 @@ struct Api<Vdl32f> {
     static constexpr auto vq = vdlsVQ_32f;
     static constexpr auto thresh = vdlsVQSingle_Thresh_32f;
     static constexpr auto sort = vdlsVQSingle_Sort_32f;
+    static constexpr auto split16 = vdlsSplitVQ_32f16s;
+    static constexpr auto split8 = vdlsSplitVQ_32f8u;
+    static constexpr auto split1 = vdlsSplitVQ_32f1u;
+    static constexpr auto form16 = vdlsFormVectorVQ_16s32f;
+    static constexpr auto form8 = vdlsFormVectorVQ_8u32f;
+    static constexpr auto form1 = vdlsFormVectorVQ_1u32f;
     static constexpr auto vqDist = vdlsVQDist_32f;
     static constexpr auto threshDist = vdlsVQDistSingle_Thresh_32f;
     static constexpr auto sortDist = vdlsVQDistSingle_Sort_32f;

@@ -11,29 +11,6 @@ using namespace cdbkref;
 namespace {
 
 template <class T>
-struct SplitApi;
-
-template <>
-struct SplitApi<Vdl16s> {
-    static constexpr auto split16 = vdlsSplitVQ_16s16s;
-    static constexpr auto split8 = vdlsSplitVQ_16s8u;
-    static constexpr auto split1 = vdlsSplitVQ_16s1u;
-    static constexpr auto form16 = vdlsFormVectorVQ_16s16s;
-    static constexpr auto form8 = vdlsFormVectorVQ_8u16s;
-    static constexpr auto form1 = vdlsFormVectorVQ_1u16s;
-};
-
-template <>
-struct SplitApi<Vdl32f> {
-    static constexpr auto split16 = vdlsSplitVQ_32f16s;
-    static constexpr auto split8 = vdlsSplitVQ_32f8u;
-    static constexpr auto split1 = vdlsSplitVQ_32f1u;
-    static constexpr auto form16 = vdlsFormVectorVQ_16s32f;
-    static constexpr auto form8 = vdlsFormVectorVQ_8u32f;
-    static constexpr auto form1 = vdlsFormVectorVQ_1u32f;
-};
-
-template <class T>
 class Split : public ::testing::Test {
 protected:
     using A = Api<T>;
@@ -80,13 +57,14 @@ protected:
             EXPECT_LE(distance(x, code[c][index], {}), best + 1e-5 * (1 + best));
         }
     }
-    // Row i rebuilt from its indices is the codewords of those indices.
-    void expectRebuilt(const std::vector<T>& out, int dstStep, const std::vector<int>& index) const
+    // Row i of `out` rebuilt from its indices (four a row) is the codewords
+    // of those indices.
+    void expectRebuilt(const std::vector<T>& out, int dstStep, const std::vector<Vdl16s>& index) const
     {
         for (int i = 0; i < height; ++i) {
             std::vector<double> want;
             for (size_t c = 0; c < widths.size(); ++c) {
-                const auto& w = code[c][index[i * widths.size() + c]];
+                const auto& w = code[c][index[i * 4 + c]];
                 want.insert(want.end(), w.begin(), w.end());
             }
             std::vector<double> got(out.begin() + i * dstStep, out.begin() + i * dstStep + 6);
@@ -103,66 +81,38 @@ protected:
 using Types = ::testing::Types<Vdl16s, Vdl32f>;
 TYPED_TEST_SUITE(Split, Types);
 
-TYPED_TEST(Split, ElementIndicesRoundTrip)
+// 16-bit, 8-bit and bit-packed indices name the same nearest codewords,
+// the packed ones laid out bit by bit, and rebuild the vectors.
+TYPED_TEST(Split, IndicesOfEachTypeNameTheNearestCodewordsAndRebuildThem)
 {
     using T = TypeParam;
-    const int n = static_cast<int>(this->widths.size());
+    using Fn = Api<T>;
+    const int n = 3, h = this->height, rowBits = 3 + 5 + 0 + 3;  // three spare bits a row
+    const auto* table = this->table.data();
     const std::vector<T> src = flatten<T>(this->vectors, this->step);
-    std::vector<Vdl16s> idx16(this->height * 4, -1);
-    std::vector<Vdl8u> idx8(this->height * 4, 255);
-    ASSERT_EQ(SplitApi<T>::split16(src.data(), this->step, idx16.data(), 4, this->height,
-                                   this->table.data(), n),
-              vdlStsNoErr);
-    ASSERT_EQ(SplitApi<T>::split8(src.data(), this->step, idx8.data(), 4, this->height,
-                                  this->table.data(), n),
-              vdlStsNoErr);
-    std::vector<int> index;
-    for (int i = 0; i < this->height; ++i) {
-        for (int c = 0, offset = 0; c < n; offset += this->widths[c], ++c) {
-            EXPECT_EQ(idx16[i * 4 + c], idx8[i * 4 + c]);
+    std::vector<Vdl16s> idx16(h * 4, -1);
+    std::vector<Vdl8u> idx8(h * 4, 255), packed(h * 2, 0xA5), want(packed);
+    ASSERT_EQ(Fn::split16(src.data(), this->step, idx16.data(), 4, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::split8(src.data(), this->step, idx8.data(), 4, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::split1(src.data(), this->step, packed.data(), rowBits, h, table, n), vdlStsNoErr);
+    for (int i = 0; i < h; ++i) {
+        for (int c = 0, offset = 0, at = 0; c < n; offset += this->widths[c], at += this->bits[c], ++c) {
+            EXPECT_EQ(idx8[i * 4 + c], idx16[i * 4 + c]);
             this->expectNearest(i, c, idx16[i * 4 + c], offset);
-            index.push_back(idx16[i * 4 + c]);
+            // The same bits written one by one into the same background.
+            writeBits(want, static_cast<long long>(i) * rowBits + at, this->bits[c], idx16[i * 4 + c]);
         }
         EXPECT_EQ(idx16[i * 4 + 3], -1) << "spare index element written";
     }
-    std::vector<T> out16(this->height * 7, poison<T>()), out8(out16);
-    ASSERT_EQ(SplitApi<T>::form16(idx16.data(), 4, out16.data(), 7, this->height,
-                                  this->table.data(), n),
-              vdlStsNoErr);
-    ASSERT_EQ(SplitApi<T>::form8(idx8.data(), 4, out8.data(), 7, this->height, this->table.data(),
-                                 n),
-              vdlStsNoErr);
-    this->expectRebuilt(out16, 7, index);
-    this->expectRebuilt(out8, 7, index);
-}
-
-TYPED_TEST(Split, PackedIndicesMatchBitByBitLayout)
-{
-    using T = TypeParam;
-    const int n = static_cast<int>(this->widths.size());
-    const int rowBits = 3 + 5 + 0 + 3;  // three spare bits a row
-    const std::vector<T> src = flatten<T>(this->vectors, this->step);
-    std::vector<Vdl8u> packed(this->height * 2, 0xA5);
-    ASSERT_EQ(SplitApi<T>::split1(src.data(), this->step, packed.data(), rowBits, this->height,
-                                  this->table.data(), n),
-              vdlStsNoErr);
-    std::vector<Vdl16s> idx16(this->height * n);
-    ASSERT_EQ(SplitApi<T>::split16(src.data(), this->step, idx16.data(), n, this->height,
-                                   this->table.data(), n),
-              vdlStsNoErr);
-    // The same bits written one by one into the same background.
-    std::vector<Vdl8u> want(packed.size(), 0xA5);
-    for (int i = 0; i < this->height; ++i)
-        for (int c = 0, at = 0; c < n; at += this->bits[c], ++c)
-            writeBits(want, static_cast<long long>(i) * rowBits + at, this->bits[c],
-                      idx16[i * n + c]);
     EXPECT_EQ(packed, want);
-
-    std::vector<T> out(this->height * 6, poison<T>());
-    ASSERT_EQ(SplitApi<T>::form1(packed.data(), rowBits, out.data(), 6, this->height,
-                                 this->table.data(), n),
-              vdlStsNoErr);
-    this->expectRebuilt(out, 6, std::vector<int>(idx16.begin(), idx16.end()));
+    // Rebuilt rows a step apart that leaves a gap, and one that leaves none.
+    std::vector<T> out16(h * 7, poison<T>()), out8(out16), out1(h * 6, poison<T>());
+    ASSERT_EQ(Fn::form16(idx16.data(), 4, out16.data(), 7, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::form8(idx8.data(), 4, out8.data(), 7, h, table, n), vdlStsNoErr);
+    ASSERT_EQ(Fn::form1(packed.data(), rowBits, out1.data(), 6, h, table, n), vdlStsNoErr);
+    this->expectRebuilt(out16, 7, idx16);
+    this->expectRebuilt(out8, 7, idx16);
+    this->expectRebuilt(out1, 6, idx16);
 }
 
 // Rows of a codebook of two or four elements a codeword, and streams of
@@ -180,33 +130,27 @@ TYPED_TEST(Split, FormVectorCopiesChosenCodewords)
         table.push_back(r.data());
     const std::vector<Vdl32s> heights = {10, 5, 3, 1, 10}, widths = {3, 1, 4, 2, 5},
                               steps = {4, 1, 6, 2, 5};
-    const std::vector<Vdl8u> ind8 = {9, 4, 2, 0, 7};
-    const std::vector<Vdl16s> ind16(ind8.begin(), ind8.end());
-
+    const std::vector<Vdl8u> i8 = {9, 4, 2, 0, 7};
+    const std::vector<Vdl16s> i16(i8.begin(), i8.end());
+    const auto* h = heights.data();
     std::vector<T> out2(2 * len), out4(4 * len), outS(15), outS16(15);
     if constexpr (std::is_same<T, Vdl16s>::value) {
-        ASSERT_EQ(vdlsFormVector_2i_8u16s(ind8.data(), table.data(), heights.data(), out2.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_4i_16s16s(ind16.data(), table.data(), heights.data(), out4.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_8u16s(ind8.data(), table.data(), heights.data(), widths.data(),
-                                       steps.data(), len, outS.data()), 0);
-        ASSERT_EQ(vdlsFormVector_16s16s(ind16.data(), table.data(), heights.data(), widths.data(),
-                                        steps.data(), len, outS16.data()), 0);
+        ASSERT_EQ(vdlsFormVector_2i_8u16s(i8.data(), table.data(), h, out2.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_4i_16s16s(i16.data(), table.data(), h, out4.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_8u16s(i8.data(), table.data(), h, widths.data(), steps.data(), len, outS.data()), 0);
+        ASSERT_EQ(vdlsFormVector_16s16s(i16.data(), table.data(), h, widths.data(), steps.data(), len, outS16.data()), 0);
     } else {
-        ASSERT_EQ(vdlsFormVector_2i_16s32f(ind16.data(), table.data(), heights.data(), out2.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_4i_8u32f(ind8.data(), table.data(), heights.data(), out4.data(), len), 0);
-        ASSERT_EQ(vdlsFormVector_8u32f(ind8.data(), table.data(), heights.data(), widths.data(),
-                                       steps.data(), len, outS.data()), 0);
-        ASSERT_EQ(vdlsFormVector_16s32f(ind16.data(), table.data(), heights.data(), widths.data(),
-                                        steps.data(), len, outS16.data()), 0);
+        ASSERT_EQ(vdlsFormVector_2i_16s32f(i16.data(), table.data(), h, out2.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_4i_8u32f(i8.data(), table.data(), h, out4.data(), len), 0);
+        ASSERT_EQ(vdlsFormVector_8u32f(i8.data(), table.data(), h, widths.data(), steps.data(), len, outS.data()), 0);
+        ASSERT_EQ(vdlsFormVector_16s32f(i16.data(), table.data(), h, widths.data(), steps.data(), len, outS16.data()), 0);
     }
     std::vector<T> want2, want4, wantS;
     for (int k = 0; k < len; ++k) {
-        for (int j = 0; j < 2; ++j)
-            want2.push_back(rows[k][2 * ind8[k] + j]);
-        for (int j = 0; j < 4; ++j)
-            want4.push_back(rows[k][4 * ind8[k] + j]);
-        for (int j = 0; j < widths[k]; ++j)
-            wantS.push_back(rows[k][ind8[k] * steps[k] + j]);
+        const auto row = rows[k].begin();
+        want2.insert(want2.end(), row + 2 * i8[k], row + 2 * i8[k] + 2);
+        want4.insert(want4.end(), row + 4 * i8[k], row + 4 * i8[k] + 4);
+        wantS.insert(wantS.end(), row + steps[k] * i8[k], row + steps[k] * i8[k] + widths[k]);
     }
     EXPECT_EQ(out2, want2);
     EXPECT_EQ(out4, want4);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <memory>
 #include <random>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -14,60 +15,26 @@ using namespace gaussref;
 
 namespace {
 
-template <class S, class D, class StateT>
+template <class State>
+State* stateOf(VdlStatus (*release)(State*));
+
+// One scoring function with the calls that make and free its state; a
+// 16-bit form is given the scale factor Sf.
+template <class S, class D, int Sf, auto Score, auto Init, auto Release>
 struct BlockForm {
     using Src = S;
     using Dst = D;
-    using State = StateT;
-};
-
-struct Block16s32f : BlockForm<Vdl16s, Vdl32f, VdlsBlockDMatrix_16s> {
-    static constexpr auto init = vdlsBlockDMatrixInitAlloc_16s;
-    static constexpr auto release = vdlsBlockDMatrixFree_16s;
-    static constexpr int scaleFactor = 2;
-    static VdlStatus score(const Src* x, const Src* m, const State* s, int len, Dst* r, Dst val)
+    using State = std::remove_pointer_t<decltype(stateOf(Release))>;
+    static constexpr int scaleFactor = Sf;
+    static constexpr auto init = Init;
+    static constexpr auto release = Release;
+    template <class... Args>
+    static VdlStatus score(Args... args)
     {
-        return vdlsLogGaussSingle_BlockDVarScaled_16s32f(x, m, s, len, r, val, scaleFactor);
-    }
-};
-
-struct Block16s32s : BlockForm<Vdl16s, Vdl32s, VdlsBlockDMatrix_16s> {
-    static constexpr auto init = vdlsBlockDMatrixInitAlloc_16s;
-    static constexpr auto release = vdlsBlockDMatrixFree_16s;
-    static constexpr int scaleFactor = 1;
-    static VdlStatus score(const Src* x, const Src* m, const State* s, int len, Dst* r, Dst val)
-    {
-        return vdlsLogGaussSingle_BlockDVar_16s32s_Sfs(x, m, s, len, r, val, scaleFactor);
-    }
-};
-
-struct Block32f : BlockForm<Vdl32f, Vdl32f, VdlsBlockDMatrix_32f> {
-    static constexpr auto init = vdlsBlockDMatrixInitAlloc_32f;
-    static constexpr auto release = vdlsBlockDMatrixFree_32f;
-    static constexpr int scaleFactor = 0;
-    static VdlStatus score(const Src* x, const Src* m, const State* s, int len, Dst* r, Dst val)
-    {
-        return vdlsLogGaussSingle_BlockDVar_32f(x, m, s, len, r, val);
-    }
-};
-
-struct Block32f64f : BlockForm<Vdl32f, Vdl64f, VdlsBlockDMatrix_32f> {
-    static constexpr auto init = vdlsBlockDMatrixInitAlloc_32f;
-    static constexpr auto release = vdlsBlockDMatrixFree_32f;
-    static constexpr int scaleFactor = 0;
-    static VdlStatus score(const Src* x, const Src* m, const State* s, int len, Dst* r, Dst val)
-    {
-        return vdlsLogGaussSingle_BlockDVar_32f64f(x, m, s, len, r, val);
-    }
-};
-
-struct Block64f : BlockForm<Vdl64f, Vdl64f, VdlsBlockDMatrix_64f> {
-    static constexpr auto init = vdlsBlockDMatrixInitAlloc_64f;
-    static constexpr auto release = vdlsBlockDMatrixFree_64f;
-    static constexpr int scaleFactor = 0;
-    static VdlStatus score(const Src* x, const Src* m, const State* s, int len, Dst* r, Dst val)
-    {
-        return vdlsLogGaussSingle_BlockDVar_64f(x, m, s, len, r, val);
+        if constexpr (std::is_integral<S>::value)
+            return Score(args..., Sf);
+        else
+            return Score(args...);
     }
 };
 
@@ -110,13 +77,23 @@ protected:
                 for (int c = origin; c < origin + blocks[b]; ++c)
                     q += (x[r] - mean[r]) * matrix[r * size + c] * (x[c] - mean[c]);
         const double score = val - 0.5 * q * std::ldexp(1.0, -Form::scaleFactor);
-        return std::is_integral<D>::value ? saturateRound32(score) : score;
+        return std::is_integral<D>::value ? roundSaturate<Vdl32s>(score) : score;
     }
 
     std::vector<double> matrix, x, mean;
 };
 
-using Forms = ::testing::Types<Block16s32f, Block16s32s, Block32f, Block32f64f, Block64f>;
+using Forms = ::testing::Types<
+    BlockForm<Vdl16s, Vdl32f, 2, vdlsLogGaussSingle_BlockDVarScaled_16s32f,
+              vdlsBlockDMatrixInitAlloc_16s, vdlsBlockDMatrixFree_16s>,
+    BlockForm<Vdl16s, Vdl32s, 1, vdlsLogGaussSingle_BlockDVar_16s32s_Sfs,
+              vdlsBlockDMatrixInitAlloc_16s, vdlsBlockDMatrixFree_16s>,
+    BlockForm<Vdl32f, Vdl32f, 0, vdlsLogGaussSingle_BlockDVar_32f, vdlsBlockDMatrixInitAlloc_32f,
+              vdlsBlockDMatrixFree_32f>,
+    BlockForm<Vdl32f, Vdl64f, 0, vdlsLogGaussSingle_BlockDVar_32f64f,
+              vdlsBlockDMatrixInitAlloc_32f, vdlsBlockDMatrixFree_32f>,
+    BlockForm<Vdl64f, Vdl64f, 0, vdlsLogGaussSingle_BlockDVar_64f, vdlsBlockDMatrixInitAlloc_64f,
+              vdlsBlockDMatrixFree_64f>>;
 TYPED_TEST_SUITE(BlockDVar, Forms);
 
 TYPED_TEST(BlockDVar, MatchesDenseModelOverBlocksOnly)

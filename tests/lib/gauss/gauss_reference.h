@@ -23,16 +23,6 @@ inline double logAdd(double a, double b)
     return lo == -INFINITY ? hi : hi + std::log1p(std::exp(lo - hi));
 }
 
-// Round to nearest, halves away from zero, saturated to 32 bits.
-inline double saturateRound32(double x)
-{
-    if (x >= 2147483647.0)
-        return 2147483647.0;
-    if (x <= -2147483648.0)
-        return -2147483648.0;
-    return std::round(x);
-}
-
 enum class Var { Precision, Unit, Direct };
 
 // sum over k of (x - m)^2 * w, with w from `var` as the form reads it.

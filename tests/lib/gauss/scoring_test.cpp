@@ -1,11 +1,12 @@
 // Every log-likelihood and Mahalanobis entry point against a double model on
 // small random data, in each layout it takes, and against bad arguments.
 // What a call computes is read from its name, as the header's conventions
-// tell it.
+// tell it; its element types and the order of its arguments from its type.
 #include <climits>
 #include <cmath>
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ namespace {
 
 enum class Shape { Frames, Components, Mixture, Single };
 enum class Op { Set, LogAdd, Max, Distance, MixtureSum };
-enum class Kind { F32, F64, S16, S32 };
+enum class Fault { None, NullData, NullDst, ZeroWidth, ZeroHeight, NarrowStep, NullTableRow };
 
 bool has(const std::string& name, const char* part)
 {
@@ -41,158 +42,55 @@ struct Form {
           var(has(name, "IdVar")       ? Var::Unit
               : has(name, "DirectVar") ? Var::Direct
                                        : Var::Precision),
-          src(has(name, "_16s") ? Kind::S16 : has(name, "_64f") ? Kind::F64 : Kind::F32),
-          dst(has(name, "32s") ? Kind::S32 : has(name, "64f") ? Kind::F64 : Kind::F32),
           d2(has(name, "_D2") && !has(name, "_D2L")), d2l(has(name, "_D2L")),
           scaled(has(name, "Scaled") || has(name, "Sfs")), low(has(name, "Low"))
     {
     }
     bool manyModels() const { return shape == Shape::Components || shape == Shape::Mixture; }
-    int outputs(int height) const
-    {
-        return shape == Shape::Mixture || shape == Shape::Single ? 1 : height;
-    }
 
     Shape shape;
     Op op;
     Var var;
-    Kind src, dst;
     bool d2, d2l, scaled, low;
 };
 
-// One call's data in double: frames and Gaussians as rows of `width`.
-struct Scene {
-    int width = 7;
-    int height = 5;
-    int sf = 0;
-    std::vector<double> frames, means, vars;
-    std::vector<double> values;   // per Gaussian: pVal, or pSrcDst on input
-    std::vector<double> dstInit;  // what an accumulating call meets
-    double val = 0;
-};
-
-std::vector<double> valuesOf(Kind kind, std::mt19937& rng, int count, double lo, double hi)
-{
-    return kind == Kind::S16   ? randomValues<Vdl16s>(rng, count, lo, hi)
-           : kind == Kind::S32 ? randomValues<Vdl32s>(rng, count, lo, hi)
-           : kind == Kind::F64 ? randomValues<Vdl64f>(rng, count, lo, hi)
-                               : randomValues<Vdl32f>(rng, count, lo, hi);
-}
-
-Scene makeScene(const Form& form, unsigned seed, int sf, int width = 7, int height = 5)
-{
-    std::mt19937 rng(seed);
-    Scene s;
-    s.sf = sf;
-    s.width = width;
-    s.height = height;
-    if (form.shape == Shape::Single)
-        s.height = 1;
-    const int frameRows = form.shape == Shape::Frames ? s.height : 1;
-    const int modelRows = form.manyModels() ? s.height : 1;
-    const bool ints = form.src == Kind::S16;
-    const double span = ints ? 12 : 2;
-    s.frames = valuesOf(form.src, rng, frameRows * s.width, -span, span);
-    s.means = valuesOf(form.src, rng, modelRows * s.width, -span, span);
-    s.vars = valuesOf(form.src, rng, modelRows * s.width, ints ? 1 : 0.25, ints ? 10 : 4);
-    const bool intOut = form.dst == Kind::S32;
-    s.values = valuesOf(form.dst, rng, s.height, intOut ? -1000 : -30, intOut ? 1000 : 0);
-    s.dstInit = valuesOf(form.dst, rng, s.height, intOut ? -1000 : -40, intOut ? 1000 : 0);
-    s.val = valuesOf(form.dst, rng, 1, intOut ? -1000 : -30, intOut ? 1000 : 0)[0];
-    return s;
-}
-
-// The model's results, each with the error it allows.
-struct Expected {
-    std::vector<double> out;
-    std::vector<double> slack;
-};
-
-double allowedError(const Form& form, double magnitude)
-{
-    if (form.dst == Kind::S32) {
-        if (form.low)
-            return 1 + 1e-5 * magnitude;
-        // Exact sums round exactly; a division by variances may land a half
-        // on the other side.
-        return form.var == Var::Direct ? 1 : 0;
-    }
-    return (form.dst == Kind::F64 ? 1e-12 : 2e-5) * magnitude;
-}
-
-Expected expect(const Form& form, const Scene& s)
-{
-    const double scale = std::ldexp(1.0, -s.sf);
-    const bool intOut = form.dst == Kind::S32;
-    Expected e;
-    double total = -INFINITY;
-    double totalMagnitude = 0;
-    for (int i = 0; i < s.height; ++i) {
-        const int fi = form.shape == Shape::Frames ? i : 0;
-        const int mi = form.manyModels() ? i : 0;
-        const double q = quadForm(&s.frames[fi * s.width], &s.means[mi * s.width],
-                                  &s.vars[mi * s.width], s.width, form.var);
-        if (form.op == Op::Distance) {
-            const double d = std::sqrt(q) * scale;
-            e.out.push_back(intOut ? saturateRound32(d) : d);
-            e.slack.push_back(allowedError(form, 1 + d));
-            continue;
-        }
-        const double value = form.manyModels() ? s.values[i] : s.val;
-        const double term = -0.5 * q * scale;
-        double score = value + term;
-        if (intOut)
-            score = saturateRound32(score);
-        double magnitude = 1 + std::fabs(value) + std::fabs(term);
-        double out = score;
-        if (form.op == Op::LogAdd || form.op == Op::Max) {
-            out = form.op == Op::LogAdd ? logAdd(s.dstInit[i], score)
-                                        : std::max(s.dstInit[i], score);
-            magnitude += std::fabs(s.dstInit[i]);
-        }
-        if (form.op == Op::MixtureSum) {
-            total = logAdd(total, score);
-            totalMagnitude = std::max(totalMagnitude, magnitude);
-            continue;
-        }
-        e.out.push_back(out);
-        e.slack.push_back(allowedError(form, magnitude));
-    }
-    if (form.op == Op::MixtureSum) {
-        e.out.push_back(total);
-        e.slack.push_back(allowedError(form, totalMagnitude));
-    }
-    return e;
-}
-
-enum class Fault { None, NullData, NullDst, ZeroWidth, ZeroHeight, NarrowStep, NullTableRow };
-
-// The arguments of one call in the entry point's own types, with one fault
-// put in where a test asks for it. The rows are laid out both ways, so
-// that the _D2 and _D2L forms of an algorithm read the same data.
+// One call: random frames and Gaussians in double for the model, and the
+// arguments in the entry point's own types, with one fault put in where a
+// test asks for it. Rows are laid out both ways, so that the _D2 and _D2L
+// forms of an algorithm read the same data.
 template <class S, class D>
 class Call {
 public:
-    Call(const Form& form, const Scene& s, Fault fault)
-        : width(fault == Fault::ZeroWidth ? 0 : s.width),
-          height(fault == Fault::ZeroHeight ? 0 : s.height),
-          step(fault == Fault::NarrowStep ? s.width - 1 : s.width + 3), sf(s.sf),
-          val(static_cast<D>(s.val)), m_fault(fault),
-          m_rows(form.manyModels() ? s.means : s.frames, form.shape == Shape::Single ? 0 : s.height,
-                 s.width, s.width + 3),
-          m_varRows(s.vars, form.manyModels() ? s.height : 0, s.width, s.width + 3),
-          m_frame(s.frames.begin(), s.frames.begin() + s.width),
-          m_mean(s.means.begin(), s.means.begin() + s.width),
-          m_var(s.vars.begin(), s.vars.begin() + s.width), m_values(convert<D>(s.values))
+    Call(const Form& form, unsigned seed, int scaleFactor, int w, int h, Fault fault)
+        : width(fault == Fault::ZeroWidth ? 0 : w),
+          height(fault == Fault::ZeroHeight ? 0 : form.shape == Shape::Single ? 1 : h),
+          step(fault == Fault::NarrowStep ? w - 1 : w + 3), sf(form.scaled ? scaleFactor : 0),
+          m_fault(fault)
     {
-        const int outputs = form.outputs(s.height);
+        std::mt19937 rng(seed);
+        h = form.shape == Shape::Single ? 1 : h;
+        const bool ints = std::is_integral<S>::value, intOut = std::is_integral<D>::value;
+        const double span = ints ? 12 : 2, lo = intOut ? -1000 : -30, hi = intOut ? 1000 : 0;
+        frames = randomValues<S>(rng, (form.shape == Shape::Frames ? h : 1) * w, -span, span);
+        means = randomValues<S>(rng, (form.manyModels() ? h : 1) * w, -span, span);
+        vars = randomValues<S>(rng, (form.manyModels() ? h : 1) * w, ints ? 1 : 0.25, ints ? 10 : 4);
+        perGaussian = randomValues<D>(rng, h, lo, hi);  // pVal, or pSrcDst on input
+        dstInit = randomValues<D>(rng, h, intOut ? lo : -40, hi);  // what accumulating calls meet
+        val = randomValues<D>(rng, 1, lo, hi)[0];
+
+        m_rows = RowSet<S>(form.manyModels() ? means : frames, form.shape == Shape::Single ? 0 : h, w, w + 3);
+        m_varRows = RowSet<S>(vars, form.manyModels() ? h : 0, w, w + 3);
+        m_frame = convert<S>({frames.begin(), frames.begin() + w});
+        m_mean = convert<S>({means.begin(), means.begin() + w});
+        m_var = convert<S>({vars.begin(), vars.begin() + w});
+        m_values = convert<D>(perGaussian);
         if (form.op == Op::LogAdd || form.op == Op::Max)
-            m_dst = convert<D>(s.dstInit);
+            m_dst = convert<D>(dstInit);
         else if (form.shape == Shape::Components)
             m_dst = m_values;
         else
-            m_dst.assign(outputs, static_cast<D>(77));
-        m_dst.resize(outputs);
+            m_dst.assign(h, static_cast<D>(77));
+        m_dst.resize(form.shape == Shape::Mixture ? 1 : h);
         m_initial = m_dst;
         if (fault == Fault::NullTableRow) {
             m_rows.table.back() = nullptr;
@@ -215,28 +113,89 @@ public:
     bool untouched() const { return m_dst == m_initial; }
 
     const int width, height, step, sf;
-    const D val;
+    std::vector<double> frames, means, vars, perGaussian, dstInit;
+    double val = 0;
 
 private:
     template <class P>
     P* guard(P* p) const { return m_fault == Fault::NullData ? nullptr : p; }
 
     Fault m_fault;
-    RowSet<S> m_rows;
-    RowSet<S> m_varRows;
+    RowSet<S> m_rows{{}, 0, 0, 0}, m_varRows{{}, 0, 0, 0};
     std::vector<S> m_frame, m_mean, m_var;
     std::vector<D> m_values, m_dst, m_initial;
 };
 
+// The model's results, each with the error it allows.
+struct Expected {
+    std::vector<double> out, slack;
+};
+
+template <class D>
+double allowedError(const Form& form, double magnitude)
+{
+    if (std::is_integral<D>::value) {
+        if (form.low)
+            return 1 + 1e-5 * magnitude;
+        // Exact sums round exactly; a division by variances may land a half
+        // on the other side.
+        return form.var == Var::Direct ? 1 : 0;
+    }
+    return (std::is_same<D, Vdl64f>::value ? 1e-12 : 2e-5) * magnitude;
+}
+
+template <class S, class D>
+Expected expect(const Form& form, const Call<S, D>& c)
+{
+    const double scale = std::ldexp(1.0, -c.sf);
+    const auto toResult = [](double x) { return std::is_integral<D>::value ? roundSaturate<D>(x) : x; };
+    Expected e;
+    double total = -INFINITY, totalMagnitude = 0;
+    for (int i = 0; i < c.height; ++i) {
+        const int fi = form.shape == Shape::Frames ? i : 0;
+        const int mi = form.manyModels() ? i : 0;
+        const double q = quadForm(&c.frames[fi * c.width], &c.means[mi * c.width],
+                                  &c.vars[mi * c.width], c.width, form.var);
+        if (form.op == Op::Distance) {
+            const double d = std::sqrt(q) * scale;
+            e.out.push_back(toResult(d));
+            e.slack.push_back(allowedError<D>(form, 1 + d));
+            continue;
+        }
+        const double value = form.manyModels() ? c.perGaussian[i] : c.val;
+        const double term = -0.5 * q * scale;
+        const double score = toResult(value + term);
+        double magnitude = 1 + std::fabs(value) + std::fabs(term);
+        double out = score;
+        if (form.op == Op::LogAdd || form.op == Op::Max) {
+            out = form.op == Op::LogAdd ? logAdd(c.dstInit[i], score) : std::max(c.dstInit[i], score);
+            magnitude += std::fabs(c.dstInit[i]);
+        }
+        if (form.op == Op::MixtureSum) {
+            total = logAdd(total, score);
+            totalMagnitude = std::max(totalMagnitude, magnitude);
+            continue;
+        }
+        e.out.push_back(out);
+        e.slack.push_back(allowedError<D>(form, magnitude));
+    }
+    if (form.op == Op::MixtureSum) {
+        e.out.push_back(total);
+        e.slack.push_back(allowedError<D>(form, totalMagnitude));
+    }
+    return e;
+}
+
 struct Outcome {
     VdlStatus status;
-    std::vector<double> out;
+    std::vector<double> got;
+    Expected want;
     bool untouched;
 };
 
 struct Entry {
     std::string name;
-    std::function<Outcome(const Scene&, Fault)> run;
+    std::function<Outcome(unsigned seed, int sf, int width, int height, Fault)> run;
 };
 
 void PrintTo(const Entry& e, std::ostream* os)
@@ -245,337 +204,170 @@ void PrintTo(const Entry& e, std::ostream* os)
 }
 
 template <class S, class D, class Fn>
-Entry entry(const char* name, Fn fn)
+Entry entry(const std::string& name, Fn fn)
 {
-    return {name, [name, fn](const Scene& scene, Fault fault) {
-                Call<S, D> c(Form(name), scene, fault);
+    return {name, [name, fn](unsigned seed, int sf, int width, int height, Fault fault) {
+                const Form form(name);
+                Call<S, D> c(form, seed, sf, width, height, fault);
                 const VdlStatus status = fn(c);
-                return Outcome{status, c.output(), c.untouched()};
+                return Outcome{status, c.output(), expect(form, c), c.untouched()};
             }};
 }
 
-#define ENTRY(S, D, fn, args) entry<S, D>(#fn, [](Call<S, D>& c) { return fn args; })
+// An order of arguments that entry points share. S, D and the scale factor
+// that 16-bit forms take last (Sf: none or one int) come from the signature.
+#define ORDER(order, params, args)                                                \
+    struct order {                                                                \
+        template <class S, class D, class... Sf>                                  \
+        Entry operator()(const std::string& name, VdlStatus(*fn) params) const    \
+        {                                                                         \
+            return entry<S, D>(name, [fn](Call<S, D>& c) { return fn args; });    \
+        }                                                                         \
+    };
+
+ORDER(FramesD2, (const S*, int, const S*, const S*, int, D*, int, D, Sf...),
+      (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(FramesD2L, (const S* const*, const S*, const S*, int, D*, int, D, Sf...),
+      (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(FramesIdD2, (const S*, int, const S*, int, D*, int, D, Sf...),
+      (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(FramesIdD2L, (const S* const*, const S*, int, D*, int, D, Sf...),
+      (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, D(c.val), Sf(c.sf)...))
+ORDER(MixD2, (const S*, const S*, int, const S*, int, D*, int, Sf...),
+      (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, Sf(c.sf)...))
+ORDER(MixD2L, (const S* const*, const S* const*, const S*, int, D*, int, Sf...),
+      (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, Sf(c.sf)...))
+ORDER(MixValD2, (const S*, const S*, int, const S*, int, const D*, D*, int, Sf...),
+      (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
+       Sf(c.sf)...))
+ORDER(MixValD2L, (const S* const*, const S* const*, const S*, int, const D*, D*, int, Sf...),
+      (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, Sf(c.sf)...))
+ORDER(MixtureD2, (const S*, const S*, const S*, int, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst(),
+       Sf(c.sf)...))
+ORDER(MixtureD2L, (const S*, const S* const*, const S* const*, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst(), Sf(c.sf)...))
+ORDER(MixtureIdD2, (const S*, const S*, int, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst(), Sf(c.sf)...))
+ORDER(MixtureIdD2L, (const S*, const S* const*, int, int, const D*, D*, Sf...),
+      (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst(), Sf(c.sf)...))
+ORDER(Single, (const S*, const S*, const S*, int, D*, D, Sf...),
+      (c.frame(), c.mean(), c.var(), c.width, c.dst(), D(c.val), Sf(c.sf)...))
+ORDER(SingleId, (const S*, const S*, int, D*, D, Sf...),
+      (c.frame(), c.mean(), c.width, c.dst(), D(c.val), Sf(c.sf)...))
+ORDER(DistSingle, (const S*, const S*, const S*, int, D*, Sf...),
+      (c.frame(), c.mean(), c.var(), c.width, c.dst(), Sf(c.sf)...))
+ORDER(DistD2, (const S*, int, const S*, const S*, int, D*, int),
+      (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height))
+ORDER(DistD2L, (const S* const*, const S*, const S*, int, D*, int),
+      (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height))
+
+// Entries of one order: `names` is the list of the functions as written.
+template <class Order, class... Fns>
+void add(std::vector<Entry>& entries, Order order, std::string names, Fns... fns)
+{
+    const auto next = [&names] {
+        const size_t comma = std::min(names.find(','), names.size());
+        const std::string name = names.substr(0, comma);
+        names.erase(0, names.find_first_not_of(", ", comma));
+        return name;
+    };
+    (entries.push_back(order(next(), fns)), ...);
+}
+
+#define ADD(order, ...) add(list, order(), #__VA_ARGS__, __VA_ARGS__)
 
 std::vector<Entry> entries()
 {
-    return {
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_IdVar_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_IdVar_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVar_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGauss_IdVar_32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGauss_IdVar_64f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVar_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVarLow_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGauss_IdVarLow_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarLowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGauss_IdVarLowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMultiMix_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMultiMix_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_IdVar_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAdd_IdVar_32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_IdVar_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAdd_IdVar_64f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAddMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussAddMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAddMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussAddMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_IdVar_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMax_IdVar_32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_IdVar_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMax_IdVar_64f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVar_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVar_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarLowScaled_16s32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMax_IdVarLowScaled_16s32f_D2L,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVarLow_16s32s_D2Sfs,
-          (c.rowsFlat(), c.step, c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMax_IdVarLow_16s32s_D2LSfs,
-          (c.rowsTable(), c.mean(), c.width, c.dst(), c.height, c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMaxMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMaxMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMaxMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMaxMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_Low_16s32s_D2Sfs,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.values(), c.dst(), c.height,
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussMaxMultiMix_Low_16s32s_D2LSfs,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.values(), c.dst(), c.height, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_Scaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst(),
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_Scaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_LowScaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst(),
-           c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_LowScaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_32f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_32f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_64f_D2,
-          (c.frame(), c.rowsFlat(), c.varFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_64f_D2L,
-          (c.frame(), c.rowsTable(), c.varTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarScaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarScaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst(), c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_IdVar_32f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussMixture_IdVar_32f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_IdVar_64f_D2,
-          (c.frame(), c.rowsFlat(), c.height, c.step, c.width, c.values(), c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussMixture_IdVar_64f_D2L,
-          (c.frame(), c.rowsTable(), c.height, c.width, c.values(), c.dst())),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussSingle_32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussSingle_64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl64f, vdlsLogGaussSingle_32f64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_Scaled_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_IdVarScaled_16s32f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_IdVar_16s32s_Sfs,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussSingle_IdVar_32f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussSingle_IdVar_64f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl64f, vdlsLogGaussSingle_IdVar_32f64f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl32f, vdlsLogGaussSingle_DirectVar_32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl64f, Vdl64f, vdlsLogGaussSingle_DirectVar_64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl32f, Vdl64f, vdlsLogGaussSingle_DirectVar_32f64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_DirectVarScaled_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_LowScaled_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32f, vdlsLogGaussSingle_IdVarLowScaled_16s32f,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_DirectVar_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_Low_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl16s, Vdl32s, vdlsLogGaussSingle_IdVarLow_16s32s_Sfs,
-          (c.frame(), c.mean(), c.width, c.dst(), c.val, c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDistSingle_32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDistSingle_64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl32f, Vdl64f, vdlsMahDistSingle_32f64f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl16s, Vdl32f, vdlsMahDistSingle_16s32f,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst())),
-    ENTRY(Vdl16s, Vdl32s, vdlsMahDistSingle_16s32s_Sfs,
-          (c.frame(), c.mean(), c.var(), c.width, c.dst(), c.sf)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDist_32f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDist_64f_D2,
-          (c.rowsFlat(), c.step, c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDist_32f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDist_64f_D2L,
-          (c.rowsTable(), c.mean(), c.var(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDistMultiMix_32f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDistMultiMix_64f_D2,
-          (c.rowsFlat(), c.varFlat(), c.step, c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl32f, Vdl32f, vdlsMahDistMultiMix_32f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
-    ENTRY(Vdl64f, Vdl64f, vdlsMahDistMultiMix_64f_D2L,
-          (c.rowsTable(), c.varTable(), c.frame(), c.width, c.dst(), c.height)),
-    };
+    std::vector<Entry> list;
+    ADD(FramesD2, vdlsLogGauss_32f_D2, vdlsLogGauss_64f_D2, vdlsLogGauss_Scaled_16s32f_D2,
+        vdlsLogGauss_16s32s_D2Sfs, vdlsLogGauss_Low_16s32s_D2Sfs, vdlsLogGauss_LowScaled_16s32f_D2,
+        vdlsLogGaussAdd_32f_D2, vdlsLogGaussAdd_64f_D2, vdlsLogGaussAdd_Scaled_16s32f_D2,
+        vdlsLogGaussAdd_LowScaled_16s32f_D2, vdlsLogGaussMax_32f_D2, vdlsLogGaussMax_64f_D2,
+        vdlsLogGaussMax_Scaled_16s32f_D2, vdlsLogGaussMax_16s32s_D2Sfs,
+        vdlsLogGaussMax_LowScaled_16s32f_D2, vdlsLogGaussMax_Low_16s32s_D2Sfs);
+    ADD(FramesD2L, vdlsLogGauss_32f_D2L, vdlsLogGauss_64f_D2L, vdlsLogGauss_Scaled_16s32f_D2L,
+        vdlsLogGauss_16s32s_D2LSfs, vdlsLogGauss_Low_16s32s_D2LSfs,
+        vdlsLogGauss_LowScaled_16s32f_D2L, vdlsLogGaussAdd_32f_D2L, vdlsLogGaussAdd_64f_D2L,
+        vdlsLogGaussAdd_Scaled_16s32f_D2L, vdlsLogGaussAdd_LowScaled_16s32f_D2L,
+        vdlsLogGaussMax_32f_D2L, vdlsLogGaussMax_64f_D2L, vdlsLogGaussMax_Scaled_16s32f_D2L,
+        vdlsLogGaussMax_16s32s_D2LSfs, vdlsLogGaussMax_LowScaled_16s32f_D2L,
+        vdlsLogGaussMax_Low_16s32s_D2LSfs);
+    ADD(FramesIdD2, vdlsLogGauss_IdVar_32f_D2, vdlsLogGauss_IdVar_64f_D2,
+        vdlsLogGauss_IdVarScaled_16s32f_D2, vdlsLogGauss_IdVar_16s32s_D2Sfs,
+        vdlsLogGauss_IdVarLow_16s32s_D2Sfs, vdlsLogGauss_IdVarLowScaled_16s32f_D2,
+        vdlsLogGaussAdd_IdVar_32f_D2, vdlsLogGaussAdd_IdVar_64f_D2,
+        vdlsLogGaussAdd_IdVarScaled_16s32f_D2, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2,
+        vdlsLogGaussMax_IdVar_32f_D2, vdlsLogGaussMax_IdVar_64f_D2,
+        vdlsLogGaussMax_IdVarScaled_16s32f_D2, vdlsLogGaussMax_IdVar_16s32s_D2Sfs,
+        vdlsLogGaussMax_IdVarLowScaled_16s32f_D2, vdlsLogGaussMax_IdVarLow_16s32s_D2Sfs);
+    ADD(FramesIdD2L, vdlsLogGauss_IdVar_32f_D2L, vdlsLogGauss_IdVar_64f_D2L,
+        vdlsLogGauss_IdVarScaled_16s32f_D2L, vdlsLogGauss_IdVar_16s32s_D2LSfs,
+        vdlsLogGauss_IdVarLow_16s32s_D2LSfs, vdlsLogGauss_IdVarLowScaled_16s32f_D2L,
+        vdlsLogGaussAdd_IdVar_32f_D2L, vdlsLogGaussAdd_IdVar_64f_D2L,
+        vdlsLogGaussAdd_IdVarScaled_16s32f_D2L, vdlsLogGaussAdd_IdVarLowScaled_16s32f_D2L,
+        vdlsLogGaussMax_IdVar_32f_D2L, vdlsLogGaussMax_IdVar_64f_D2L,
+        vdlsLogGaussMax_IdVarScaled_16s32f_D2L, vdlsLogGaussMax_IdVar_16s32s_D2LSfs,
+        vdlsLogGaussMax_IdVarLowScaled_16s32f_D2L, vdlsLogGaussMax_IdVarLow_16s32s_D2LSfs);
+    ADD(MixD2, vdlsLogGaussMultiMix_32f_D2, vdlsLogGaussMultiMix_64f_D2,
+        vdlsLogGaussMultiMix_Scaled_16s32f_D2, vdlsLogGaussMultiMix_16s32s_D2Sfs,
+        vdlsLogGaussMultiMix_Low_16s32s_D2Sfs, vdlsLogGaussMultiMix_LowScaled_16s32f_D2,
+        vdlsMahDistMultiMix_32f_D2, vdlsMahDistMultiMix_64f_D2);
+    ADD(MixD2L, vdlsLogGaussMultiMix_32f_D2L, vdlsLogGaussMultiMix_64f_D2L,
+        vdlsLogGaussMultiMix_Scaled_16s32f_D2L, vdlsLogGaussMultiMix_16s32s_D2LSfs,
+        vdlsLogGaussMultiMix_Low_16s32s_D2LSfs, vdlsLogGaussMultiMix_LowScaled_16s32f_D2L,
+        vdlsMahDistMultiMix_32f_D2L, vdlsMahDistMultiMix_64f_D2L);
+    ADD(MixValD2, vdlsLogGaussAddMultiMix_32f_D2, vdlsLogGaussAddMultiMix_64f_D2,
+        vdlsLogGaussAddMultiMix_Scaled_16s32f_D2, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2,
+        vdlsLogGaussMaxMultiMix_32f_D2, vdlsLogGaussMaxMultiMix_64f_D2,
+        vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2, vdlsLogGaussMaxMultiMix_16s32s_D2Sfs,
+        vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2, vdlsLogGaussMaxMultiMix_Low_16s32s_D2Sfs);
+    ADD(MixValD2L, vdlsLogGaussAddMultiMix_32f_D2L, vdlsLogGaussAddMultiMix_64f_D2L,
+        vdlsLogGaussAddMultiMix_Scaled_16s32f_D2L, vdlsLogGaussAddMultiMix_LowScaled_16s32f_D2L,
+        vdlsLogGaussMaxMultiMix_32f_D2L, vdlsLogGaussMaxMultiMix_64f_D2L,
+        vdlsLogGaussMaxMultiMix_Scaled_16s32f_D2L, vdlsLogGaussMaxMultiMix_16s32s_D2LSfs,
+        vdlsLogGaussMaxMultiMix_LowScaled_16s32f_D2L, vdlsLogGaussMaxMultiMix_Low_16s32s_D2LSfs);
+    ADD(MixtureD2, vdlsLogGaussMixture_Scaled_16s32f_D2, vdlsLogGaussMixture_LowScaled_16s32f_D2,
+        vdlsLogGaussMixture_32f_D2, vdlsLogGaussMixture_64f_D2);
+    ADD(MixtureD2L, vdlsLogGaussMixture_Scaled_16s32f_D2L, vdlsLogGaussMixture_LowScaled_16s32f_D2L,
+        vdlsLogGaussMixture_32f_D2L, vdlsLogGaussMixture_64f_D2L);
+    ADD(MixtureIdD2, vdlsLogGaussMixture_IdVarScaled_16s32f_D2,
+        vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2, vdlsLogGaussMixture_IdVar_32f_D2,
+        vdlsLogGaussMixture_IdVar_64f_D2);
+    ADD(MixtureIdD2L, vdlsLogGaussMixture_IdVarScaled_16s32f_D2L,
+        vdlsLogGaussMixture_IdVarLowScaled_16s32f_D2L, vdlsLogGaussMixture_IdVar_32f_D2L,
+        vdlsLogGaussMixture_IdVar_64f_D2L);
+    ADD(Single, vdlsLogGaussSingle_32f, vdlsLogGaussSingle_64f, vdlsLogGaussSingle_32f64f,
+        vdlsLogGaussSingle_Scaled_16s32f, vdlsLogGaussSingle_16s32s_Sfs,
+        vdlsLogGaussSingle_DirectVar_32f, vdlsLogGaussSingle_DirectVar_64f,
+        vdlsLogGaussSingle_DirectVar_32f64f, vdlsLogGaussSingle_DirectVarScaled_16s32f,
+        vdlsLogGaussSingle_LowScaled_16s32f, vdlsLogGaussSingle_DirectVar_16s32s_Sfs,
+        vdlsLogGaussSingle_Low_16s32s_Sfs);
+    ADD(SingleId, vdlsLogGaussSingle_IdVarScaled_16s32f, vdlsLogGaussSingle_IdVar_16s32s_Sfs,
+        vdlsLogGaussSingle_IdVar_32f, vdlsLogGaussSingle_IdVar_64f, vdlsLogGaussSingle_IdVar_32f64f,
+        vdlsLogGaussSingle_IdVarLowScaled_16s32f, vdlsLogGaussSingle_IdVarLow_16s32s_Sfs);
+    ADD(DistSingle, vdlsMahDistSingle_32f, vdlsMahDistSingle_64f, vdlsMahDistSingle_32f64f,
+        vdlsMahDistSingle_16s32f, vdlsMahDistSingle_16s32s_Sfs);
+    ADD(DistD2, vdlsMahDist_32f_D2, vdlsMahDist_64f_D2);
+    ADD(DistD2L, vdlsMahDist_32f_D2L, vdlsMahDist_64f_D2L);
+    return list;
 }
 
 class GaussScoring : public ::testing::TestWithParam<Entry> {};
 
 TEST_P(GaussScoring, MatchesDoubleModel)
 {
-    const Form form(GetParam().name);
-    // Widths below, inside and one past the kernels' sixteen lanes (twice);
-    // the last height spans two of the blocks a kernel call takes.
-    const struct { int sf, width, height; } runs[] = {{0, 1, 5}, {3, 7, 5}, {-2, 17, 3}, {1, 33, 70}};
+    // Widths of one, one past the eight double and the sixteen float lanes,
+    // and past twice that; the last height spans two of the blocks a kernel
+    // call takes.
+    const struct { int sf, width, height; } runs[] = {{0, 1, 5}, {3, 9, 5}, {-2, 17, 3}, {1, 33, 70}};
     for (int run = 0; run < 4; ++run) {
-        const Scene scene = makeScene(form, 100 + run, form.scaled ? runs[run].sf : 0,
-                                      runs[run].width, runs[run].height);
-        const Outcome got = GetParam().run(scene, Fault::None);
-        ASSERT_EQ(got.status, vdlStsNoErr);
-        const Expected want = expect(form, scene);
-        ASSERT_EQ(got.out.size(), want.out.size());
-        for (size_t i = 0; i < want.out.size(); ++i)
-            EXPECT_NEAR(got.out[i], want.out[i], want.slack[i])
-                << "run " << run << ", result " << i;
+        const Outcome o = GetParam().run(100 + run, runs[run].sf, runs[run].width,
+                                         runs[run].height, Fault::None);
+        ASSERT_EQ(o.status, vdlStsNoErr);
+        ASSERT_EQ(o.got.size(), o.want.out.size());
+        for (size_t i = 0; i < o.got.size(); ++i)
+            EXPECT_NEAR(o.got[i], o.want.out[i], o.want.slack[i]) << "run " << run << ", result " << i;
     }
 }
 
@@ -596,9 +388,8 @@ TEST_P(GaussScoring, RejectsBadArgumentsWithoutWriting)
         cases.push_back({Fault::NarrowStep, vdlStsStepErr, "step below width"});
     if (form.d2l)
         cases.push_back({Fault::NullTableRow, vdlStsNullPtrErr, "null row in table"});
-    const Scene scene = makeScene(form, 7, 0);
     for (const Case& c : cases) {
-        const Outcome got = GetParam().run(scene, c.fault);
+        const Outcome got = GetParam().run(7, 0, 7, 5, c.fault);
         EXPECT_EQ(got.status, c.status) << c.what;
         EXPECT_TRUE(got.untouched) << c.what;
     }
@@ -620,15 +411,13 @@ TEST(GaussScoringEdges, IntegerScoresRoundHalvesAwayFromZeroAndSaturate)
     ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(x, m, w, 1, &r, 0, 1), vdlStsNoErr);
     EXPECT_EQ(r, -2);  // -2.25
 
-    const Vdl16s far[4] = {32767, 32767, 32767, 32767};
-    const Vdl16s near[4] = {-32768, -32768, -32768, -32768};
-    const Vdl16s heavy[4] = {32767, 32767, 32767, 32767};
-    const Vdl16s negative[4] = {-32768, -32768, -32768, -32768};
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(far, near, heavy, 4, &r, 0, 0), vdlStsNoErr);
+    // The widest distance with the largest precision, and with a negative one.
+    const Vdl16s hi[4] = {32767, 32767, 32767, 32767}, lo[4] = {-32768, -32768, -32768, -32768};
+    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(hi, lo, hi, 4, &r, 0, 0), vdlStsNoErr);
     EXPECT_EQ(r, INT_MIN);
-    ASSERT_EQ(vdlsLogGaussSingle_Low_16s32s_Sfs(far, near, heavy, 4, &r, 0, 0), vdlStsNoErr);
+    ASSERT_EQ(vdlsLogGaussSingle_Low_16s32s_Sfs(hi, lo, hi, 4, &r, 0, 0), vdlStsNoErr);
     EXPECT_EQ(r, INT_MIN);
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(far, near, negative, 4, &r, 0, 0), vdlStsNoErr);
+    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(hi, lo, lo, 4, &r, 0, 0), vdlStsNoErr);
     EXPECT_EQ(r, INT_MAX);
 }
 

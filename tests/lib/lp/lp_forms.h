@@ -31,6 +31,8 @@ struct LpForm<Vdl32f> {
     static VdlStatus autoLp(const Vdl32f* x, int n, Vdl32f* a, int p) { return vdlsLinearPrediction_Auto_32f(x, n, a, p); }
     static VdlStatus negLp(const Vdl32f* x, int n, Vdl32f* a, int p) { return vdlsLinearPredictionNeg_Auto_32f(x, n, a, p); }
     static VdlStatus covLp(const Vdl32f* x, int n, Vdl32f* a, int p) { return vdlsLinearPrediction_Cov_32f(x, n, a, p); }
+    static VdlStatus residual(const Vdl32f* x, Vdl32f* d, const Vdl32f* h) { return vdlsResidualFilter_Aurora_32f(x, d, h); }
+    static VdlStatus lowHigh(const Vdl32f* x, Vdl32f* lo, Vdl32f* hi, int n, const Vdl32f* h, int t) { return vdlsLowHighFilter_Aurora_32f(x, lo, hi, n, h, t); }
     // A coefficient of the model as the form holds it.
     static Vdl32f fixed(double x) { return static_cast<Vdl32f>(x); }
     static double real(Vdl32f v) { return v; }
@@ -56,6 +58,9 @@ struct LpForm<Vdl16s> {
     static VdlStatus autoLp(const Vdl16s* x, int n, Vdl16s* a, int p) { return vdlsLinearPrediction_Auto_16s_Sfs(x, n, a, p, q); }
     static VdlStatus negLp(const Vdl16s* x, int n, Vdl16s* a, int p) { return vdlsLinearPredictionNeg_Auto_16s_Sfs(x, n, a, p, q); }
     static VdlStatus covLp(const Vdl16s* x, int n, Vdl16s* a, int p) { return vdlsLinearPrediction_Cov_16s_Sfs(x, n, a, p, q); }
+    // Filter sums scaled by 2^-4.
+    static VdlStatus residual(const Vdl16s* x, Vdl16s* d, const Vdl16s* h) { return vdlsResidualFilter_Aurora_16s_Sfs(x, d, h, 4); }
+    static VdlStatus lowHigh(const Vdl16s* x, Vdl16s* lo, Vdl16s* hi, int n, const Vdl16s* h, int t) { return vdlsLowHighFilter_Aurora_16s_Sfs(x, lo, hi, n, h, t, 4); }
     static Vdl16s fixed(double x) { return static_cast<Vdl16s>(vdltest::roundSaturate<Vdl16s>(std::ldexp(x, -q))); }
     static double real(Vdl16s v) { return std::ldexp(static_cast<double>(v), q); }
     // Within one unit of the rounded model.

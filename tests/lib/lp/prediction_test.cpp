@@ -107,10 +107,6 @@ TEST(Aurora, TapsFollowTheWindowedCosineSeries)
     }
 }
 
-template <class T>
-class Filters : public ::testing::Test {};
-TYPED_TEST_SUITE(Filters, Types);
-
 // 16-bit sums are exact, then scaled by 2^-4; float sums within their bound.
 template <class T>
 void expectSum(double got, double exact, double absSum)
@@ -121,17 +117,14 @@ void expectSum(double got, double exact, double absSum)
         EXPECT_NEAR(got, exact, 130 * 6e-8 * absSum + 1e-30);
 }
 
-TYPED_TEST(Filters, ResidualFilterRunsTheTapsOverTheFrame)
+TYPED_TEST(Prediction, ResidualFilterRunsTheTapsOverTheFrame)
 {
     using T = TypeParam;
     std::mt19937 rng(2);
     const Vec x = randomValues<T>(rng, 96, -300, 300), h = randomValues<T>(rng, 17, -300, 300);
     const std::vector<T> src = convert<T>(x), taps = convert<T>(h);
     std::vector<T> got(81, T(77));
-    const VdlStatus s = std::is_same<T, Vdl16s>::value
-        ? vdlsResidualFilter_Aurora_16s_Sfs((const Vdl16s*)src.data(), (Vdl16s*)got.data(), (const Vdl16s*)taps.data(), 4)
-        : vdlsResidualFilter_Aurora_32f((const Vdl32f*)src.data(), (Vdl32f*)got.data(), (const Vdl32f*)taps.data());
-    ASSERT_EQ(s, vdlStsNoErr);
+    ASSERT_EQ(LpForm<T>::residual(src.data(), got.data(), taps.data()), vdlStsNoErr);
     for (int n = 0; n < 80; ++n) {
         double sum = 0, abs = 0;
         for (int k = 0; k < 17; ++k)
@@ -141,7 +134,7 @@ TYPED_TEST(Filters, ResidualFilterRunsTheTapsOverTheFrame)
     EXPECT_EQ(got[80], T(77));
 }
 
-TYPED_TEST(Filters, LowHighSplitRunsAFilterAndItsMirrorAtHalfRate)
+TYPED_TEST(Prediction, LowHighSplitRunsAFilterAndItsMirrorAtHalfRate)
 {
     using T = TypeParam;
     std::mt19937 rng(7);
@@ -152,10 +145,8 @@ TYPED_TEST(Filters, LowHighSplitRunsAFilterAndItsMirrorAtHalfRate)
             const Vec h = randomValues<T>(rng, taps, -300, 300);
             const std::vector<T> src = convert<T>(x), tabs = convert<T>(h);
             std::vector<T> low(len / 2 + 1, T(77)), high(len / 2 + 1, T(77));
-            const VdlStatus s = std::is_same<T, Vdl16s>::value
-                ? vdlsLowHighFilter_Aurora_16s_Sfs((const Vdl16s*)src.data(), (Vdl16s*)low.data(), (Vdl16s*)high.data(), len, (const Vdl16s*)tabs.data(), taps, 4)
-                : vdlsLowHighFilter_Aurora_32f((const Vdl32f*)src.data(), (Vdl32f*)low.data(), (Vdl32f*)high.data(), len, (const Vdl32f*)tabs.data(), taps);
-            ASSERT_EQ(s, vdlStsNoErr);
+            ASSERT_EQ(LpForm<T>::lowHigh(src.data(), low.data(), high.data(), len, tabs.data(), taps),
+                      vdlStsNoErr);
             for (int n = 0; n < len / 2; ++n) {
                 double l = 0, hi = 0, abs = 0;
                 for (int k = 0; k < taps; ++k) {

@@ -73,12 +73,9 @@ TYPED_TEST(Recursions, ReflectionAndPredictorCoefficientsConvertBothWays)
         SCOPED_TRACE(p);
         const Vec k = randomValues<double>(rng, p, -0.7, 0.7);
         std::vector<T> kFixed(p);
+        Vec kReal(p);  // the coefficients as the form holds them
         for (int i = 0; i < p; ++i)
-            kFixed[i] = F::fixed(k[i]);
-        const Vec kHeld(kFixed.begin(), kFixed.end());
-        Vec kReal(p);
-        for (int i = 0; i < p; ++i)
-            kReal[i] = F::real(kFixed[i]);
+            kReal[i] = F::real(kFixed[i] = F::fixed(k[i]));
         const Vec a = stepUp(kReal);
 
         std::vector<T> got(p);
