@@ -1,16 +1,16 @@
 // What the entry points of the family share: sources read into double
 // (fixed-point sources by their shift), results written by the library's
 // one rounding rule, and the floating-point flags kept across a refusal
-// that is found only while computing.
+// that is found only while computing (vdlflags.h).
 #ifndef VDL_LP_COMMON_H
 #define VDL_LP_COMMON_H
 
-#include <cfenv>
 #include <cmath>
 #include <memory>
 #include <vector>
 
 #include "vdlargcheck.h"
+#include "vdlflags.h"
 #include "vdlround.h"
 #include "vdlscratch.h"
 
@@ -50,21 +50,6 @@ void store(const std::vector<double>& v, D* dst, int scaleFactor)
 {
     store(v.data(), static_cast<int>(v.size()), dst, scaleFactor);
 }
-
-// Saves the floating-point exception flags; restore() puts them back, for
-// a call that refuses its input after having computed with it.
-class FlagKeeper {
-public:
-    FlagKeeper() { std::fegetexceptflag(&m_flags, FE_ALL_EXCEPT); }
-    VdlStatus restore(VdlStatus status) const
-    {
-        std::fesetexceptflag(&m_flags, FE_ALL_EXCEPT);
-        return status;
-    }
-
-private:
-    std::fexcept_t m_flags;
-};
 
 } // namespace vdl
 

@@ -4,13 +4,14 @@
 #ifndef VDL_TRAIN_COLUMN_STATS_H
 #define VDL_TRAIN_COLUMN_STATS_H
 
-#include <cfenv>
 #include <initializer_list>
 
 #include "column_kernels.h"
-#include "train_layout.h"
 #include "vdlargcheck.h"
+#include "vdlflags.h"
 #include "vdlround.h"
+#include "vdlrows.h"
+#include "vdlscratch.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -98,15 +99,11 @@ VdlStatus meanVarColumn(const Rows& rows, int height, M* pMean, V* pVar, int wid
 template <class T>
 VdlStatus weightSum(const T* pWgt, int height, double& total)
 {
-    std::fexcept_t flags;
-    std::fegetexceptflag(&flags, FE_ALL_EXCEPT);
+    const FlagKeeper flags;
     total = 0;
     for (int i = 0; i < height; ++i)
         total += pWgt[i];
-    if (total != 0)
-        return vdlStsNoErr;
-    std::fesetexceptflag(&flags, FE_ALL_EXCEPT);
-    return vdlStsDivByZeroErr;
+    return total != 0 ? vdlStsNoErr : flags.restore(vdlStsDivByZeroErr);
 }
 
 // Weighted mean into pMean (if not null), weighted variance into pVar (if
