@@ -4,8 +4,8 @@
 #ifndef VDL_SHORTLIST_H
 #define VDL_SHORTLIST_H
 
-#include "bitrows.h"
 #include "vdlargcheck.h"
+#include "vdlbits.h"
 
 #pragma GCC visibility push(hidden)
 
