@@ -11,11 +11,11 @@
 
 #include <cmath>
 #include <cstddef>
-#include <cstdlib>
 #include <limits>
 
 #include "align_paths.h"
 #include "vdlargcheck.h"
+#include "vdlbuffer.h"
 #include "vdlround.h"
 #include "vdlrows.h"
 
@@ -40,21 +40,20 @@ class DtwSearch {
 public:
     DtwSearch(int height2, int delta) : m_height2(height2), m_delta(delta),
         m_states(delta == 0 ? 1 : 2 * delta + 1) {}
-    ~DtwSearch() { std::free(m_memory); }
 
     // Two columns, each behind a sentinel cell (index -1) that stays at
     // +infinity, so that the cells of row 0 need no test for a cell below.
     bool allocate()
     {
         const size_t column = static_cast<size_t>(m_height2 + 1) * m_states;
-        m_memory = static_cast<C*>(std::malloc(sizeof(C) * (2 * column + m_height2)));
-        if (m_memory == nullptr)
+        m_memory.reset(2 * column + m_height2);
+        if (!m_memory.ok())
             return false;
         for (size_t k = 0; k < 2 * column; ++k)
             m_memory[k] = inf();
-        m_prev = m_memory + m_states;
+        m_prev = m_memory.data() + m_states;
         m_cur = m_prev + column;
-        m_dist = m_memory + 2 * column;
+        m_dist = m_memory.data() + 2 * column;
         return true;
     }
 
@@ -194,7 +193,7 @@ private:
     int m_height2;
     int m_delta;
     int m_states;
-    C* m_memory = nullptr;
+    Buffer<C> m_memory;
     C* m_prev = nullptr;
     C* m_cur = nullptr;
     C* m_dist = nullptr;

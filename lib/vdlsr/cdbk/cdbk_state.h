@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "vdlargcheck.h"
+#include "vdlbuffer.h"
 #include "vdlcore.h"
 
 namespace vdl {
@@ -51,31 +52,6 @@ void transposeCodebook(Codebook<T>& cb)
         for (int k = 0; k < cb.width; ++k)
             cb.wordsT[static_cast<std::ptrdiff_t>(k) * cb.size + j] = codeword(cb, j)[k];
 }
-
-// A work buffer of malloc'd elements, uninitialised; empty when memory ran
-// out. The library's own, so that no container instance leaves the library
-// as an exported symbol.
-template <class T>
-class Buffer {
-public:
-    Buffer() : m_data(nullptr) {}
-    explicit Buffer(std::size_t count) : m_data(nullptr) { reset(count); }
-    ~Buffer() { std::free(m_data); }
-    Buffer(const Buffer&) = delete;
-    Buffer& operator=(const Buffer&) = delete;
-
-    void reset(std::size_t count)
-    {
-        std::free(m_data);
-        m_data = static_cast<T*>(std::malloc(sizeof(T) * (count ? count : 1)));
-    }
-    bool ok() const { return m_data != nullptr; }
-    T* data() const { return m_data; }
-    T& operator[](std::size_t i) const { return m_data[i]; }
-
-private:
-    T* m_data;
-};
 
 template <class T>
 void copyRow(T* dst, const T* src, int width)
