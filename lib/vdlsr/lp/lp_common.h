@@ -22,9 +22,9 @@ namespace vdl {
 template <class T>
 void loadInto(const T* src, int n, int shift, double* dst)
 {
-    const double factor = scaleOf(shift);
+    const FixedPoint fx(shift);
     for (int i = 0; i < n; ++i)
-        dst[i] = static_cast<double>(src[i]) * factor;
+        dst[i] = fx.value(static_cast<double>(src[i]));
 }
 
 template <class T>
@@ -35,14 +35,13 @@ std::vector<double> loadFixed(const T* src, int n, int shift)
     return v;
 }
 
-// dst[i] = v[i] * 2^-scaleFactor as a result element (floats take 0): the
-// library's one rule, with the factor taken once.
+// dst[i] = v[i] * 2^-scaleFactor as a result element (floats take 0).
 template <class D>
 void store(const double* v, int n, D* dst, int scaleFactor)
 {
-    const double factor = scaleOf(scaleFactor);
+    const ScaleRule<D> rule(scaleFactor);
     for (int i = 0; i < n; ++i)
-        dst[i] = toResult<D>(v[i] * factor);
+        dst[i] = rule(v[i]);
 }
 
 template <class D>
