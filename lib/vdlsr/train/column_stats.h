@@ -141,32 +141,24 @@ VdlStatus weightedColumn(const Rows& rows, const T* pWgt, int height, T* pMean, 
     return vdlStsNoErr;
 }
 
-// Column sums and row sums, scaled into D.
+// Sums of the matrix, one per column (byColumn) or one per row, scaled
+// into D.
 template <class T, class D, class Rows>
-VdlStatus sumColumn(const Rows& rows, int height, D* pDst, int width, int scaleFactor)
+VdlStatus sumLines(const Rows& rows, int height, int width, D* pDst, int scaleFactor,
+                   bool byColumn)
 {
     if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
         return s;
-    Scratch acc(width);
+    const int count = byColumn ? width : height;
+    Scratch acc(count);
     if (!acc.ok())
         return vdlStsNoMemErr;
-    columnSums<T>(rows, height, width, acc.data());
-    for (int k = 0; k < width; ++k)
+    if (byColumn)
+        columnSums<T>(rows, height, width, acc.data());
+    else
+        sums<T>().rowSums(rows.ref(), height, width, acc.data());
+    for (int k = 0; k < count; ++k)
         pDst[k] = scaled<D>(acc[k], scaleFactor);
-    return vdlStsNoErr;
-}
-
-template <class T, class D, class Rows>
-VdlStatus sumRow(const Rows& rows, int width, D* pDst, int height, int scaleFactor)
-{
-    if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
-        return s;
-    Scratch acc(height);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    sums<T>().rowSums(rows.ref(), height, width, acc.data());
-    for (int i = 0; i < height; ++i)
-        pDst[i] = scaled<D>(acc[i], scaleFactor);
     return vdlStsNoErr;
 }
 
