@@ -8,6 +8,7 @@
 
 #include "vdlargcheck.h"
 #include "vdlbuffer.h"
+#include "vdlstate.h"
 #include "vdlcore.h"
 
 namespace vdl {
@@ -91,9 +92,7 @@ constexpr unsigned codebookTag()
 template <class T>
 VdlStatus checkCodebook(const typename StateOf<T>::type* state)
 {
-    if (state == nullptr)
-        return vdlStsNullPtrErr;
-    return state->body.tag == codebookTag<T>() ? vdlStsNoErr : vdlStsContextMatchErr;
+    return checkState(state, codebookTag<T>());
 }
 
 // Every codebook of a table, and the widths of their codewords together.
@@ -115,11 +114,7 @@ VdlStatus checkCodebooks(const typename StateOf<T>::type* const* table, int coun
 template <class T>
 void releaseCodebook(typename StateOf<T>::type* state)
 {
-    std::free(state->body.words);
-    std::free(state->body.wordsT);
-    std::free(state->body.weights);
-    state->body.tag = 0;
-    std::free(state);
+    releaseState(state, state->body.words, state->body.wordsT, state->body.weights);
 }
 
 // A state with room for size codewords of width and, if weighted, the
@@ -128,7 +123,7 @@ template <class T>
 typename StateOf<T>::type* allocateCodebook(int width, int size, bool weighted)
 {
     using State = typename StateOf<T>::type;
-    auto* state = static_cast<State*>(std::calloc(1, sizeof(State)));
+    auto* state = newState<State>();
     if (state == nullptr)
         return nullptr;
     const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(size);
