@@ -147,8 +147,8 @@ VdlStatus resampleAny(const State* pState, const T* pSrc, int len, T* pDst, doub
     if (VdlStatus s = firstError({checkPtrs({pState, pSrc, pDst, pTime, pOutLen}), checkLen(len)}))
         return s;
     const PolyphaseBody& b = pState->body;
-    if (b.tag != State::tag)
-        return vdlStsContextMatchErr;
+    if (VdlStatus s = checkState(pState, State::tag))
+        return s;
     if (!std::isfinite(factor) || factor <= 0)
         return vdlStsBadArgErr;
     const double s = factor < 1 ? factor : 1.0;
@@ -181,8 +181,8 @@ VdlStatus resampleFixed(const State* pState, const T* pSrc, int len, T* pDst, fl
     if (VdlStatus s = firstError({checkPtrs({pState, pSrc, pDst, pTime, pOutLen}), checkLen(len)}))
         return s;
     const PolyphaseFixedBody& b = pState->body;
-    if (b.tag != State::tag)
-        return vdlStsContextMatchErr;
+    if (VdlStatus s = checkState(pState, State::tag))
+        return s;
     const double t0 = *pTime;
     if (!std::isfinite(t0) || t0 < b.half || t0 * b.up > 9e18)
         return vdlStsBadArgErr;

@@ -136,8 +136,8 @@ VdlStatus blockScore(const typename Ty::Src* pSrc, const typename Ty::Src* pMean
     if (VdlStatus s = firstError({checkPtrs({pSrc, pMean, pBlocks, pResult}), checkLen(len)}))
         return s;
     const BlockDMatrix<Src>& m = pBlocks->body;
-    if (m.tag != blockTag<Src>())
-        return vdlStsContextMatchErr;
+    if (VdlStatus s = checkState(pBlocks, blockTag<Src>()))
+        return s;
     if (len != m.len)
         return vdlStsSizeErr;
 
