@@ -42,19 +42,32 @@ void columnSquares(const Rows& rows, int height, int width, const double* center
     sums<T>().sumSq(rows.ref(), height, width, center, acc);
 }
 
+// `count` results of a call over a matrix that also takes the pointers
+// `ptrs`: fill(acc) computes them in double, and each is scaled into pDst.
+template <class D, class Rows, class Fill>
+VdlStatus scaledResults(std::initializer_list<const void*> ptrs, const Rows& rows, int height,
+                        int width, D* pDst, int count, int scaleFactor, const Fill& fill)
+{
+    if (VdlStatus s = firstError({checkPtrs(ptrs), checkMatrix(rows, height, width)}))
+        return s;
+    Scratch acc(count);
+    if (!acc.ok())
+        return vdlStsNoMemErr;
+    fill(acc.data());
+    for (int k = 0; k < count; ++k)
+        pDst[k] = scaled<D>(acc[k], scaleFactor);
+    return vdlStsNoErr;
+}
+
 // Column means, and the variance about them or about a given mean.
 template <class T, class M, class Rows>
 VdlStatus meanColumn(const Rows& rows, int height, M* pMean, int width)
 {
-    if (VdlStatus s = firstError({checkPtrs({pMean}), checkMatrix(rows, height, width)}))
-        return s;
-    Scratch acc(width);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    columnSums<T>(rows, height, width, acc.data());
-    for (int k = 0; k < width; ++k)
-        pMean[k] = toResult<M>(acc[k] / height);
-    return vdlStsNoErr;
+    return scaledResults({pMean}, rows, height, width, pMean, width, 0, [&](double* acc) {
+        columnSums<T>(rows, height, width, acc);
+        for (int k = 0; k < width; ++k)
+            acc[k] /= height;
+    });
 }
 
 template <class T, class V, class Rows>
@@ -147,19 +160,13 @@ template <class T, class D, class Rows>
 VdlStatus sumLines(const Rows& rows, int height, int width, D* pDst, int scaleFactor,
                    bool byColumn)
 {
-    if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
-        return s;
     const int count = byColumn ? width : height;
-    Scratch acc(count);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    if (byColumn)
-        columnSums<T>(rows, height, width, acc.data());
-    else
-        sums<T>().rowSums(rows.ref(), height, width, acc.data());
-    for (int k = 0; k < count; ++k)
-        pDst[k] = scaled<D>(acc[k], scaleFactor);
-    return vdlStsNoErr;
+    return scaledResults({pDst}, rows, height, width, pDst, count, scaleFactor, [&](double* acc) {
+        if (byColumn)
+            columnSums<T>(rows, height, width, acc);
+        else
+            sums<T>().rowSums(rows.ref(), height, width, acc);
+    });
 }
 
 // Sums and sums of squares per column, written (accumulate false) or added
