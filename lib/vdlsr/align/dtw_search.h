@@ -18,22 +18,16 @@
 #include "vdlbuffer.h"
 #include "vdlround.h"
 #include "vdlrows.h"
+#include "vdltypes.h"
 
 #pragma GCC visibility push(hidden)
 
 namespace vdl {
 
-// The element types of a form and the type its costs run in.
-template <class SrcT, class DstT, class CostT>
-struct DtwTypes {
-    using Src = SrcT;
-    using Dst = DstT;
-    using Cost = CostT;
-};
-
-using Dtw32f = DtwTypes<Vdl32f, Vdl32f, float>;
-using Dtw8u32s = DtwTypes<Vdl8u, Vdl32s, double>;
-using Dtw16s32sLow = DtwTypes<Vdl16s, Vdl32s, float>;
+// The element types of a form; its costs run in the sum type.
+using Dtw32f = Types32f;
+using Dtw8u32s = ElementTypes<Vdl8u, Vdl32s, double>;
+using Dtw16s32sLow = Types16s32sLow;
 
 template <class C>
 class DtwSearch {
@@ -204,7 +198,7 @@ template <class Ty, class Rows>
 VdlStatus dtwDistance(const Rows& src1, int height1, const Rows& src2, int height2, int width,
                       typename Ty::Dst* pDist, int delta, typename Ty::Dst beam, int scaleFactor)
 {
-    using C = typename Ty::Cost;
+    using C = typename Ty::Acc;
     if (VdlStatus s = firstError({checkPtrs({pDist}), checkSize(width, height1),
                                   checkLen(height2)}))
         return s;
