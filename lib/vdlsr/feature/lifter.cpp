@@ -8,7 +8,8 @@
 
 using namespace vdl;
 
-// Row n: first 0, count lenDCT, offset n * lenDCT.
+// Row n weighs the whole input (first 0, count lenDCT) by the table from
+// offset n * lenDCT on.
 struct VdlDCTLifterState_32f {
     vdl::WeightedBody body;
 };
