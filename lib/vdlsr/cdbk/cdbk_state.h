@@ -8,8 +8,8 @@
 
 #include "vdlargcheck.h"
 #include "vdlbuffer.h"
-#include "vdlstate.h"
 #include "vdlcore.h"
+#include "vdlstate.h"
 
 namespace vdl {
 
