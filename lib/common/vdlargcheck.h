@@ -5,6 +5,7 @@
 #ifndef VDL_COMMON_ARGCHECK_H
 #define VDL_COMMON_ARGCHECK_H
 
+#include <cmath>
 #include <initializer_list>
 
 #include "vdlcore.h"
@@ -47,6 +48,23 @@ inline VdlStatus checkRange(long long value, long long lo, long long hi)
 inline VdlStatus checkHint(int hint)
 {
     return hint >= vdlAlgHintNone && hint <= vdlAlgHintAccurate ? vdlStsNoErr : vdlStsBadArgErr;
+}
+
+// A value, or every value of a row, that must be positive. The comparison
+// is quiet: a NaN is refused without raising a floating-point flag.
+template <class T>
+VdlStatus checkPositive(T value)
+{
+    return std::isgreater(value, T(0)) ? vdlStsNoErr : vdlStsBadArgErr;
+}
+
+template <class T>
+VdlStatus checkPositive(const T* values, int len)
+{
+    for (int k = 0; k < len; ++k)
+        if (VdlStatus s = checkPositive(values[k]))
+            return s;
+    return vdlStsNoErr;
 }
 
 // The first error in argument order; warnings do not stop a call.

@@ -75,6 +75,21 @@ private:
     double m_factor;
 };
 
+// A fixed-point element of scale factor sf and the value it stands for,
+// element * 2^-sf; a value goes back to an element by the one rule.
+class FixedPoint {
+public:
+    explicit FixedPoint(int scaleFactor)
+        : m_toValue(scaleOf(scaleFactor)), m_toElement(1.0 / m_toValue) {}  // exact: a power of 2
+    double value(double element) const { return element * m_toValue; }
+    template <class D>
+    D element(double value) const { return toResult<D>(value * m_toElement); }
+
+private:
+    double m_toValue;
+    double m_toElement;
+};
+
 } // namespace vdl
 
 #pragma GCC visibility pop

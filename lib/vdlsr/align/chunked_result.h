@@ -15,13 +15,12 @@ void scaledInBlocks(D* dst, int len, int scaleFactor, const Fill& fill)
 {
     constexpr int block = 256;
     double values[block];
-    // scaled<D>(v, sf) is toResult<D>(v * scaleOf(sf)): the factor once.
-    const double factor = scaleOf(scaleFactor);
+    const ScaleRule<D> rule(scaleFactor);
     for (int first = 0; first < len; first += block) {
         const int count = len - first < block ? len - first : block;
         fill(first, count, values);
         for (int i = 0; i < count; ++i)
-            dst[first + i] = toResult<D>(values[i] * factor);
+            dst[first + i] = rule(values[i]);
     }
 }
 

@@ -1,36 +1,23 @@
 // Local distances of time warping, compiled once per code path: one frame
 // of the first sequence against a run of frames of the second. The float
-// forms sum in `lanes` partial sums added pairwise at the end, so their
-// order differs from a plain loop within the bound the header states; the
-// 8-bit form sums exactly in double, in any order.
+// forms sum in partial sums added pairwise at the end (vdllanes.h), so
+// their order differs from a plain loop within the bound the header states;
+// the 8-bit form sums exactly in double, in any order.
 #include "align_paths.h"
+#include "vdllanes.h"
 
 #pragma GCC visibility push(hidden)
 
 namespace vdl::VDL_PATH_NS {
 namespace {
 
-constexpr int lanes = 8;
-
 template <class C, class T>
 C squaredDistance(const T* __restrict a, const T* __restrict b, int width)
 {
-    C part[lanes] = {};
-    int k = 0;
-    for (; k + lanes <= width; k += lanes)
-        for (int l = 0; l < lanes; ++l) {
-            const C d = static_cast<C>(a[k + l]) - static_cast<C>(b[k + l]);
-            part[l] += d * d;
-        }
-    C tail = 0;
-    for (; k < width; ++k) {
+    return laneSum<C>(width, [a, b](int k) {
         const C d = static_cast<C>(a[k]) - static_cast<C>(b[k]);
-        tail += d * d;
-    }
-    for (int half = lanes / 2; half > 0; half /= 2)
-        for (int l = 0; l < half; ++l)
-            part[l] += part[l + half];
-    return part[0] + tail;
+        return d * d;
+    });
 }
 
 template <class C, class T>

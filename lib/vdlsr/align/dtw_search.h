@@ -11,50 +11,43 @@
 
 #include <cmath>
 #include <cstddef>
-#include <cstdlib>
 #include <limits>
 
 #include "align_paths.h"
 #include "vdlargcheck.h"
+#include "vdlbuffer.h"
 #include "vdlround.h"
 #include "vdlrows.h"
+#include "vdltypes.h"
 
 #pragma GCC visibility push(hidden)
 
 namespace vdl {
 
-// The element types of a form and the type its costs run in.
-template <class SrcT, class DstT, class CostT>
-struct DtwTypes {
-    using Src = SrcT;
-    using Dst = DstT;
-    using Cost = CostT;
-};
-
-using Dtw32f = DtwTypes<Vdl32f, Vdl32f, float>;
-using Dtw8u32s = DtwTypes<Vdl8u, Vdl32s, double>;
-using Dtw16s32sLow = DtwTypes<Vdl16s, Vdl32s, float>;
+// The element types of a form; its costs run in the sum type.
+using Dtw32f = Types32f;
+using Dtw8u32s = ElementTypes<Vdl8u, Vdl32s, double>;
+using Dtw16s32sLow = Types16s32sLow;
 
 template <class C>
 class DtwSearch {
 public:
     DtwSearch(int height2, int delta) : m_height2(height2), m_delta(delta),
         m_states(delta == 0 ? 1 : 2 * delta + 1) {}
-    ~DtwSearch() { std::free(m_memory); }
 
     // Two columns, each behind a sentinel cell (index -1) that stays at
     // +infinity, so that the cells of row 0 need no test for a cell below.
     bool allocate()
     {
         const size_t column = static_cast<size_t>(m_height2 + 1) * m_states;
-        m_memory = static_cast<C*>(std::malloc(sizeof(C) * (2 * column + m_height2)));
-        if (m_memory == nullptr)
+        m_memory.reset(2 * column + m_height2);
+        if (!m_memory.ok())
             return false;
         for (size_t k = 0; k < 2 * column; ++k)
             m_memory[k] = inf();
-        m_prev = m_memory + m_states;
+        m_prev = m_memory.data() + m_states;
         m_cur = m_prev + column;
-        m_dist = m_memory + 2 * column;
+        m_dist = m_memory.data() + 2 * column;
         return true;
     }
 
@@ -194,7 +187,7 @@ private:
     int m_height2;
     int m_delta;
     int m_states;
-    C* m_memory = nullptr;
+    Buffer<C> m_memory;
     C* m_prev = nullptr;
     C* m_cur = nullptr;
     C* m_dist = nullptr;
@@ -205,7 +198,7 @@ template <class Ty, class Rows>
 VdlStatus dtwDistance(const Rows& src1, int height1, const Rows& src2, int height2, int width,
                       typename Ty::Dst* pDist, int delta, typename Ty::Dst beam, int scaleFactor)
 {
-    using C = typename Ty::Cost;
+    using C = typename Ty::Acc;
     if (VdlStatus s = firstError({checkPtrs({pDist}), checkSize(width, height1),
                                   checkLen(height2)}))
         return s;

@@ -1,16 +1,15 @@
 // Filter sums of polyphase resampling, compiled once per code path. The
-// float sums run in `lanes` partial sums, so paths may differ in the last
-// bits of a float output.
+// float sums run in partial sums (vdllanes.h), so paths may differ in the
+// last bits of a float output.
 #include <cmath>
 
 #include "align_paths.h"
+#include "vdllanes.h"
 
 #pragma GCC visibility push(hidden)
 
 namespace vdl::VDL_PATH_NS {
 namespace {
-
-constexpr int lanes = 8;
 
 // The taps of an any-ratio output come from the prototype table at
 // positions that step by a fraction of an entry. Positions run in float:
@@ -41,18 +40,7 @@ float phaseSum(const T* __restrict x, int count, double pos, double step,
 template <class A, class T>
 A tapSum(const T* __restrict x, const float* __restrict h, int n)
 {
-    A part[lanes] = {};
-    int k = 0;
-    for (; k + lanes <= n; k += lanes)
-        for (int l = 0; l < lanes; ++l)
-            part[l] += static_cast<A>(x[k + l]) * static_cast<A>(h[k + l]);
-    A tail = 0;
-    for (; k < n; ++k)
-        tail += static_cast<A>(x[k]) * static_cast<A>(h[k]);
-    for (int half = lanes / 2; half > 0; half /= 2)
-        for (int l = 0; l < half; ++l)
-            part[l] += part[l + half];
-    return part[0] + tail;
+    return laneSum<A>(n, [x, h](int k) { return static_cast<A>(x[k]) * static_cast<A>(h[k]); });
 }
 
 } // namespace

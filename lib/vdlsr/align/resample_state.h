@@ -12,6 +12,7 @@
 #include "resample_filter.h"
 #include "vdlargcheck.h"
 #include "vdlround.h"
+#include "vdlstate.h"
 
 // The bodies of the public state types: plain data, outside the hidden
 // region so that the public types may hold them; they emit no symbol.
@@ -66,7 +67,7 @@ VdlStatus initAny(State** ppState, float window, int nStep, float rollf, float a
     const double entries = std::ceil(window * 0.5 * nStep) + 2;
     if (entries > maxPrototypeEntries)
         return vdlStsSizeErr;
-    auto* state = static_cast<State*>(std::calloc(1, sizeof(State)));
+    auto* state = newState<State>();
     const int count = static_cast<int>(entries);
     float* table = static_cast<float*>(std::malloc(sizeof(float) * count));
     if (state == nullptr || table == nullptr) {
@@ -109,7 +110,7 @@ VdlStatus initFixed(State** ppState, int inRate, int outRate, int len, float rol
     const int taps = 2 * reach;
     if (static_cast<double>(up) * taps > maxTableEntries)
         return vdlStsSizeErr;
-    auto* state = static_cast<State*>(std::calloc(1, sizeof(State)));
+    auto* state = newState<State>();
     float* phases = static_cast<float*>(std::malloc(sizeof(float) * up * taps));
     if (state == nullptr || phases == nullptr) {
         std::free(state);
@@ -133,13 +134,9 @@ VdlStatus initFixed(State** ppState, int inRate, int outRate, int len, float rol
 template <class State, class Body>
 VdlStatus freeState(State* pState, float* Body::*storage)
 {
-    if (pState == nullptr)
-        return vdlStsNullPtrErr;
-    if (pState->body.tag != State::tag)
-        return vdlStsContextMatchErr;
-    std::free(pState->body.*storage);
-    pState->body.tag = 0;
-    std::free(pState);
+    if (VdlStatus s = checkState(pState, State::tag))
+        return s;
+    releaseState(pState, pState->body.*storage);
     return vdlStsNoErr;
 }
 
@@ -150,8 +147,8 @@ VdlStatus resampleAny(const State* pState, const T* pSrc, int len, T* pDst, doub
     if (VdlStatus s = firstError({checkPtrs({pState, pSrc, pDst, pTime, pOutLen}), checkLen(len)}))
         return s;
     const PolyphaseBody& b = pState->body;
-    if (b.tag != State::tag)
-        return vdlStsContextMatchErr;
+    if (VdlStatus s = checkState(pState, State::tag))
+        return s;
     if (!std::isfinite(factor) || factor <= 0)
         return vdlStsBadArgErr;
     const double s = factor < 1 ? factor : 1.0;
@@ -184,8 +181,8 @@ VdlStatus resampleFixed(const State* pState, const T* pSrc, int len, T* pDst, fl
     if (VdlStatus s = firstError({checkPtrs({pState, pSrc, pDst, pTime, pOutLen}), checkLen(len)}))
         return s;
     const PolyphaseFixedBody& b = pState->body;
-    if (b.tag != State::tag)
-        return vdlStsContextMatchErr;
+    if (VdlStatus s = checkState(pState, State::tag))
+        return s;
     const double t0 = *pTime;
     if (!std::isfinite(t0) || t0 < b.half || t0 * b.up > 9e18)
         return vdlStsBadArgErr;

@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "cdbk_state.h"
+#include "vdlbits.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -50,7 +51,7 @@ private:
     int m_step;
 };
 
-// Row i starts at bit i * step; bit b is bit 7 - b % 8 of byte b / 8.
+// Row i starts at bit i * step, in the bit rows of vdlbits.h.
 template <class Ptr>
 class PackedIndices {
 public:
@@ -76,21 +77,18 @@ public:
     {
         long long value = 0;
         const long long first = start(i, c);
-        for (int b = 0; b < m_bits[c]; ++b) {
-            const long long bit = first + b;
-            value = value << 1 | ((m_base[bit >> 3] >> (7 - (bit & 7))) & 1);
-        }
+        for (int b = 0; b < m_bits[c]; ++b)
+            value = value << 1 | (testBit(m_base, first + b) ? 1 : 0);
         return value;
     }
     void write(int i, int c, int index) const
     {
         const long long first = start(i, c);
         for (int b = 0; b < m_bits[c]; ++b) {
-            const long long bit = first + b;
-            const unsigned mask = 1u << (7 - (bit & 7));
-            const bool one = (index >> (m_bits[c] - 1 - b)) & 1;
-            m_base[bit >> 3] = static_cast<Vdl8u>(one ? m_base[bit >> 3] | mask
-                                                      : m_base[bit >> 3] & ~mask);
+            if ((index >> (m_bits[c] - 1 - b)) & 1)
+                setBit(m_base, first + b);
+            else
+                clearBit(m_base, first + b);
         }
     }
 

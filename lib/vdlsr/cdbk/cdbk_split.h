@@ -11,20 +11,29 @@
 
 namespace vdl {
 
+// The arguments of both directions: `height` vectors `step` apart, their
+// indices, and the codebooks, whose codewords lie side by side in a vector.
 template <class T, class Indices>
-VdlStatus formVectorVQ(Indices&& indices, T* pDst, int dstStep, int height,
-                       const typename StateOf<T>::type* const* ppCdbks, int nCdbks)
+VdlStatus checkSplit(const T* vectors, int step, Indices& indices, int height,
+                     const typename StateOf<T>::type* const* ppCdbks, int nCdbks)
 {
-    long long widthSum = 0;
-    if (VdlStatus s = firstError({checkPtrs({indices.data(), pDst, ppCdbks}),
+    if (VdlStatus s = firstError({checkPtrs({vectors, indices.data(), ppCdbks}),
                                   checkSize(nCdbks, height)}))
         return s;
+    long long widthSum = 0;
     if (VdlStatus s = checkCodebooks<T>(ppCdbks, nCdbks, &widthSum))
         return s;
     if (VdlStatus s = indices.template layoutCheck<T>(ppCdbks, nCdbks))
         return s;
-    if (widthSum > dstStep)
-        return vdlStsStepErr;
+    return widthSum > step ? vdlStsStepErr : vdlStsNoErr;
+}
+
+template <class T, class Indices>
+VdlStatus formVectorVQ(Indices&& indices, T* pDst, int dstStep, int height,
+                       const typename StateOf<T>::type* const* ppCdbks, int nCdbks)
+{
+    if (VdlStatus s = checkSplit<T>(pDst, dstStep, indices, height, ppCdbks, nCdbks))
+        return s;
     for (int i = 0; i < height; ++i)
         for (int c = 0; c < nCdbks; ++c) {
             const long long index = indices.read(i, c);
@@ -47,16 +56,8 @@ VdlStatus splitVQ(const T* pSrc, int srcStep, Indices&& indices, int height,
                   const typename StateOf<T>::type* const* ppCdbks, int nCdbks)
 {
     using A = typename AccOf<T>::type;
-    long long widthSum = 0;
-    if (VdlStatus s = firstError({checkPtrs({pSrc, indices.data(), ppCdbks}),
-                                  checkSize(nCdbks, height)}))
+    if (VdlStatus s = checkSplit<T>(pSrc, srcStep, indices, height, ppCdbks, nCdbks))
         return s;
-    if (VdlStatus s = checkCodebooks<T>(ppCdbks, nCdbks, &widthSum))
-        return s;
-    if (VdlStatus s = indices.template layoutCheck<T>(ppCdbks, nCdbks))
-        return s;
-    if (widthSum > srcStep)
-        return vdlStsStepErr;
     constexpr int block = 64;
     int index[block];
     A dist[block];

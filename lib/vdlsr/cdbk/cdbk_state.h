@@ -7,7 +7,9 @@
 #include <cstdlib>
 
 #include "vdlargcheck.h"
+#include "vdlbuffer.h"
 #include "vdlcore.h"
+#include "vdlstate.h"
 
 namespace vdl {
 
@@ -52,31 +54,6 @@ void transposeCodebook(Codebook<T>& cb)
             cb.wordsT[static_cast<std::ptrdiff_t>(k) * cb.size + j] = codeword(cb, j)[k];
 }
 
-// A work buffer of malloc'd elements, uninitialised; empty when memory ran
-// out. The library's own, so that no container instance leaves the library
-// as an exported symbol.
-template <class T>
-class Buffer {
-public:
-    Buffer() : m_data(nullptr) {}
-    explicit Buffer(std::size_t count) : m_data(nullptr) { reset(count); }
-    ~Buffer() { std::free(m_data); }
-    Buffer(const Buffer&) = delete;
-    Buffer& operator=(const Buffer&) = delete;
-
-    void reset(std::size_t count)
-    {
-        std::free(m_data);
-        m_data = static_cast<T*>(std::malloc(sizeof(T) * (count ? count : 1)));
-    }
-    bool ok() const { return m_data != nullptr; }
-    T* data() const { return m_data; }
-    T& operator[](std::size_t i) const { return m_data[i]; }
-
-private:
-    T* m_data;
-};
-
 template <class T>
 void copyRow(T* dst, const T* src, int width)
 {
@@ -115,9 +92,7 @@ constexpr unsigned codebookTag()
 template <class T>
 VdlStatus checkCodebook(const typename StateOf<T>::type* state)
 {
-    if (state == nullptr)
-        return vdlStsNullPtrErr;
-    return state->body.tag == codebookTag<T>() ? vdlStsNoErr : vdlStsContextMatchErr;
+    return checkState(state, codebookTag<T>());
 }
 
 // Every codebook of a table, and the widths of their codewords together.
@@ -139,11 +114,7 @@ VdlStatus checkCodebooks(const typename StateOf<T>::type* const* table, int coun
 template <class T>
 void releaseCodebook(typename StateOf<T>::type* state)
 {
-    std::free(state->body.words);
-    std::free(state->body.wordsT);
-    std::free(state->body.weights);
-    state->body.tag = 0;
-    std::free(state);
+    releaseState(state, state->body.words, state->body.wordsT, state->body.weights);
 }
 
 // A state with room for size codewords of width and, if weighted, the
@@ -152,7 +123,7 @@ template <class T>
 typename StateOf<T>::type* allocateCodebook(int width, int size, bool weighted)
 {
     using State = typename StateOf<T>::type;
-    auto* state = static_cast<State*>(std::calloc(1, sizeof(State)));
+    auto* state = newState<State>();
     if (state == nullptr)
         return nullptr;
     const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(size);

@@ -15,7 +15,7 @@ VdlStatus copyColumn(const T* pSrc, int width, T* pDst, int dstStep, int height)
     if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkSize(width, height),
                                   checkStep(dstStep, width)}))
         return s;
-    writeStatics(Frames<T>{pSrc, width}, height, width, pDst, dstStep, 0,
+    writeStatics(RowRef<T>{pSrc, width}, height, width, pDst, dstStep, 0,
                  static_cast<const T*>(nullptr), 1.0);
     return vdlStsNoErr;
 }

@@ -9,6 +9,7 @@
 #include "feature_kernels.h"
 #include "vdlargcheck.h"
 #include "vdlround.h"
+#include "vdlrows.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -17,14 +18,6 @@ namespace vdl {
 // float sums for float data; 16-bit data are summed exactly in double.
 template <class T>
 using DeltaAcc = std::conditional_t<std::is_same_v<T, Vdl32f>, float, double>;
-
-// Frames `step` elements apart.
-template <class T>
-struct Frames {
-    const T* base;
-    int step;
-    const T* row(int t) const { return base + static_cast<long long>(t) * step; }
-};
 
 // A computed coefficient as a result: floats as they are, integers times
 // `scale` (2^-scaleFactor, from scaleOf once per call), rounded and saturated.
@@ -61,7 +54,7 @@ inline VdlStatus checkMode(int deltaMode)
 // Calls sink(t, col0, n, d1, d2) for each planned row and block of up to 64
 // columns, d1 = R(x), d2 = R(R(x)) (null without a double delta).
 template <class T, class Sink>
-void regress(Frames<T> x, int height, int width, const DeltaPlan& plan, Sink&& sink)
+void regress(RowRef<T> x, int height, int width, const DeltaPlan& plan, Sink&& sink)
 {
     using A = DeltaAcc<T>;
     constexpr int block = 64;
@@ -70,7 +63,7 @@ void regress(Frames<T> x, int height, int width, const DeltaPlan& plan, Sink&& s
     A d1[block], d2[block];
     for (int col0 = 0; col0 < width; col0 += block) {
         const int n = width - col0 < block ? width - col0 : block;
-        const Frames<T> xs{x.base + col0, x.step};
+        const RowRef<T> xs{x.base + col0, x.step};
         for (int t = plan.first; t < plan.last; ++t) {
             for (int c = 0; c < n; ++c)
                 d1[c] = d2[c] = 0;
@@ -117,7 +110,7 @@ struct DynamicsWriter {
 
 // Statics of every row: a copy, or multiplied by mul[k] and scaled.
 template <class T, class M>
-void writeStatics(Frames<T> x, int height, int count, T* dst, int step, int dstCol,
+void writeStatics(RowRef<T> x, int height, int count, T* dst, int step, int dstCol,
                   const M* mul, double scale)
 {
     for (int t = 0; t < height; ++t) {

@@ -31,7 +31,7 @@ VdlStatus deltaForm(const T* pSrc, int width, T* pDst, int dstStep, int height, 
                                   checkSize(width, height), checkBlocks(dstStep, width, blocks),
                                   checkMode(deltaMode)}))
         return s;
-    const Frames<T> x{pSrc, width};
+    const RowRef<T> x{pSrc, width};
     const double scale = scaleOf(scaleFactor);
     writeStatics(x, height, width, pDst, dstStep, 0, mul, scale);
     regress(x, height, width, modePlan(win, blocks == 3 ? win : 0, height, deltaMode),
@@ -48,7 +48,7 @@ VdlStatus evalDeltaForm(T* pSrcDst, int height, int step, int width, int offset,
                                   checkSize(width, height), checkBlocks(step, width, 3),
                                   checkRange(winSize, 1, 2), checkRange(offset, 0, height - 1)}))
         return s;
-    regress(Frames<T>{pSrcDst, step}, height, width, DeltaPlan{winSize, winSize, offset, height},
+    regress(RowRef<T>{pSrcDst, step}, height, width, DeltaPlan{winSize, winSize, offset, height},
             DynamicsWriter<T, M>{pSrcDst, step, width, 0, mul, val, val, scaleOf(scaleFactor)});
     return vdlStsNoErr;
 }
@@ -69,7 +69,7 @@ VdlStatus auroraDeltaForm(const T* pSrc, const M* mul, bool mulForm, T* pDst, in
     const DynamicsWriter<T, M> cepstra{pDst, dstStep, width, 0, mul, 1.0 / 28, 1.0 / 280, scale};
     DynamicsWriter<T, M> energy = cepstra;
     energy.dstCol = 12;
-    const Frames<T> c{pSrc, srcWidth}, logE{pSrc + 13, srcWidth};
+    const RowRef<T> c{pSrc, srcWidth}, logE{pSrc + 13, srcWidth};
     writeStatics(c, height, 12, pDst, dstStep, 0, mul, scale);
     writeStatics(logE, height, 1, pDst, dstStep, 12, mul, scale);
     regress(c, height, 12, plan, cepstra);

@@ -11,13 +11,7 @@
 using namespace vdl;
 
 struct VdlFBankState_32f {
-    unsigned tag;
-    int fftLen;
-    int nFilter;
-    int* first;
-    int* count;
-    int* offset;
-    float* weights;
+    vdl::WeightedBody body;
 };
 struct VdlFBankState_16s : VdlFBankState_32f {};
 struct VdlFBankState_32s : VdlFBankState_32f {};
@@ -96,14 +90,15 @@ VdlFBankState_32f* build(void* memory, const BankSpec& b, unsigned tag)
     char* p = static_cast<char*>(memory);
     VdlFBankState_32f* st = reinterpret_cast<VdlFBankState_32f*>(p);
     int* ints = reinterpret_cast<int*>(p + alignUp(sizeof(VdlFBankState_32f)));
-    st->tag = tag;
-    st->fftLen = fftLen;
-    st->nFilter = b.nFilter;
-    st->first = ints;
-    st->count = ints + b.nFilter;
-    st->offset = ints + 2 * b.nFilter;
-    st->weights = reinterpret_cast<float*>(p + alignUp(sizeof(VdlFBankState_32f)) +
-                                           alignUp(3LL * b.nFilter * sizeof(int)));
+    WeightRows& r = st->body.rows;
+    st->body.tag = tag;
+    st->body.length = fftLen;
+    r.rows = b.nFilter;
+    r.first = ints;
+    r.count = ints + b.nFilter;
+    r.offset = ints + 2 * b.nFilter;
+    r.weights = reinterpret_cast<float*>(p + alignUp(sizeof(VdlFBankState_32f)) +
+                                         alignUp(3LL * b.nFilter * sizeof(int)));
     const double lowMel = b.scale.mel(b.lowFreq);
     const double stepMel = (b.scale.mel(b.highFreq) - lowMel) / (b.nFilter + 1);
     auto corner = [&](int j) { return b.scale.linear(lowMel + j * stepMel); };
@@ -111,9 +106,9 @@ VdlFBankState_32f* build(void* memory, const BankSpec& b, unsigned tag)
     int used = 0;
     for (int i = 0; i < b.nFilter; ++i) {
         const double left = corner(i), centre = corner(i + 1), right = corner(i + 2);
-        st->first[i] = 0;
-        st->count[i] = 0;
-        st->offset[i] = used;
+        r.first[i] = 0;
+        r.count[i] = 0;
+        r.offset[i] = used;
         for (int k = 0; k < bins; ++k) {
             const double f = k * binHz;
             double w = 0;
@@ -123,10 +118,10 @@ VdlFBankState_32f* build(void* memory, const BankSpec& b, unsigned tag)
                 w = (right - f) / (right - centre);
             if (w <= 0)
                 continue;
-            if (st->count[i] == 0)
-                st->first[i] = k;
-            st->weights[used++] = static_cast<float>(w);
-            ++st->count[i];
+            if (r.count[i] == 0)
+                r.first[i] = k;
+            r.weights[used++] = static_cast<float>(w);
+            ++r.count[i];
         }
     }
     return st;
@@ -141,31 +136,15 @@ VdlStatus initAlloc(State** ppFBank, int* pFFTLen, const BankSpec& b, unsigned t
     if (!memory)
         return vdlStsNoMemErr;
     *ppFBank = static_cast<State*>(build(memory, b, tag));
-    *pFFTLen = (*ppFBank)->fftLen;
+    *pFFTLen = (*ppFBank)->body.length;
     return vdlStsNoErr;
 }
 
 VdlStatus freeBank(VdlFBankState_32f* st, unsigned tag)
 {
-    if (!st)
-        return vdlStsNullPtrErr;
-    if (st->tag != tag)
-        return vdlStsContextMatchErr;
-    st->tag = 0;
-    std::free(st);
-    return vdlStsNoErr;
-}
-
-template <class S, class D>
-VdlStatus evalBank(const S* pSrc, D* pDst, const VdlFBankState_32f* st, unsigned tag,
-                   int scaleFactor)
-{
-    if (VdlStatus s = checkPtrs({pSrc, pDst, st}))
+    if (VdlStatus s = checkState(st, tag))
         return s;
-    if (st->tag != tag)
-        return vdlStsContextMatchErr;
-    WeightRows{st->nFilter, st->first, st->count, st->offset, st->weights}.apply(pSrc, pDst,
-                                                                                 scaleFactor);
+    releaseState(st);  // the rows lie in the state's own block
     return vdlStsNoErr;
 }
 
@@ -189,7 +168,7 @@ VdlStatus vdlsMelFBankInit_32s(VdlFBankState_32s* pFBank, int* pFFTLen, int fram
                      {melMulQ15 / 32768.0, melDivQ15 / 32768.0, mode}};
     if (VdlStatus s = firstError({checkPtrs({pFBank, pFFTLen}), checkSpec(b)}))
         return s;
-    *pFFTLen = build(pFBank, b, fbankTag32s)->fftLen;
+    *pFFTLen = build(pFBank, b, fbankTag32s)->body.length;
     return vdlStsNoErr;
 }
 
@@ -223,25 +202,25 @@ VdlStatus vdlsFBankFree_32f(VdlFBankState_32f* pFBank)
 
 VdlStatus vdlsEvalFBank_32f(const Vdl32f* pSrc, Vdl32f* pDst, const VdlFBankState_32f* pFBank)
 {
-    return evalBank(pSrc, pDst, pFBank, fbankTag32f, 0);
+    return applyWeights(pSrc, pDst, pFBank, fbankTag32f, 0);
 }
 
 VdlStatus vdlsEvalFBank_16s_Sfs(const Vdl16s* pSrc, Vdl16s* pDst, const VdlFBankState_16s* pFBank,
                                 int scaleFactor)
 {
-    return evalBank(pSrc, pDst, pFBank, fbankTag16s, scaleFactor);
+    return applyWeights(pSrc, pDst, pFBank, fbankTag16s, scaleFactor);
 }
 
 VdlStatus vdlsEvalFBank_16s32s_Sfs(const Vdl16s* pSrc, Vdl32s* pDst,
                                    const VdlFBankState_16s* pFBank, int scaleFactor)
 {
-    return evalBank(pSrc, pDst, pFBank, fbankTag16s, scaleFactor);
+    return applyWeights(pSrc, pDst, pFBank, fbankTag16s, scaleFactor);
 }
 
 VdlStatus vdlsEvalFBank_32s_Sfs(const Vdl32s* pSrc, Vdl32s* pDst, const VdlFBankState_32s* pFBank,
                                 int scaleFactor)
 {
-    return evalBank(pSrc, pDst, pFBank, fbankTag32s, scaleFactor);
+    return applyWeights(pSrc, pDst, pFBank, fbankTag32s, scaleFactor);
 }
 
 } // extern "C"

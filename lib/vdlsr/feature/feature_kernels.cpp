@@ -2,6 +2,7 @@
 // eight partial sums that the compiler keeps in vector registers; the other
 // loops are element-wise and give the same result on every path.
 #include "feature_kernels.h"
+#include "vdllanes.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -15,23 +16,12 @@ void diffAccT(A* __restrict acc, const T* __restrict a, const T* __restrict b, A
         acc[k] += c * (static_cast<A>(a[k]) - static_cast<A>(b[k]));
 }
 
-constexpr int lanes = 8;
-
 template <class T>
 double dotT(const float* __restrict w, const T* __restrict x, int n)
 {
-    double part[lanes] = {};
-    int k = 0;
-    for (; k + lanes <= n; k += lanes)
-        for (int l = 0; l < lanes; ++l)
-            part[l] += static_cast<double>(w[k + l]) * static_cast<double>(x[k + l]);
-    double tail = 0;
-    for (; k < n; ++k)
-        tail += static_cast<double>(w[k]) * static_cast<double>(x[k]);
-    for (int half = lanes / 2; half > 0; half /= 2)
-        for (int l = 0; l < half; ++l)
-            part[l] += part[l + half];
-    return part[0] + tail;
+    return laneSum<double>(n, [w, x](int k) {
+        return static_cast<double>(w[k]) * static_cast<double>(x[k]);
+    });
 }
 
 long long sum16s(const Vdl16s* __restrict x, int n)

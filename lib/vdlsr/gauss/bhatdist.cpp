@@ -18,14 +18,16 @@ VdlStatus bhatDist(const T* pMean1, const T* pVar1, const T* pMean2, const T* pV
     if (VdlStatus s = firstError(
             {checkPtrs({pMean1, pVar1, pMean2, pVar2, pResult}), checkLen(len)}))
         return s;
+    // Every variance is checked, quietly, before anything is computed, so that
+    // a refused call raises no floating-point flag.
+    if (VdlStatus s = firstError({checkPositive(pVar1, len), checkPositive(pVar2, len)}))
+        return s;
     Acc spread = 0;   // sum of d^2 / (v1 + v2)
     Acc logMeans = 0; // sum of log((v1 + v2) / 2)
     Acc logs = 0;     // sum of log v1 + log v2
     for (int k = 0; k < len; ++k) {
         const Acc v1 = pVar1[k];
         const Acc v2 = pVar2[k];
-        if (!(v1 > 0 && v2 > 0))
-            return vdlStsBadArgErr;
         const Acc d = static_cast<Acc>(pMean1[k]) - static_cast<Acc>(pMean2[k]);
         spread += d * d / (v1 + v2);
         logMeans += std::log((v1 + v2) * Acc(0.5));

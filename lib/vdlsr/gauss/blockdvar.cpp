@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "gauss_kernels.h"
+#include "vdlstate.h"
 #include "vdlsr.h"
 
 namespace vdl {
@@ -60,10 +61,7 @@ struct StateOf<Vdl64f> {
 template <class T>
 void release(typename StateOf<T>::type* state)
 {
-    std::free(state->body.sizes);
-    std::free(state->body.coeffs);
-    state->body.tag = 0;
-    std::free(state);
+    releaseState(state, state->body.sizes, state->body.coeffs);
 }
 
 template <class T>
@@ -87,7 +85,7 @@ VdlStatus initAlloc(typename StateOf<T>::type** ppState, const T* const* ppMatri
         if (ppMatrix[r] == nullptr)
             return vdlStsNullPtrErr;
 
-    auto* state = static_cast<State*>(std::calloc(1, sizeof(State)));
+    auto* state = newState<State>();
     if (state == nullptr)
         return vdlStsNoMemErr;
     state->body.sizes = static_cast<int*>(std::malloc(sizeof(int) * nBlocks));
@@ -114,10 +112,8 @@ VdlStatus initAlloc(typename StateOf<T>::type** ppState, const T* const* ppMatri
 template <class T>
 VdlStatus freeState(typename StateOf<T>::type* pState)
 {
-    if (pState == nullptr)
-        return vdlStsNullPtrErr;
-    if (pState->body.tag != blockTag<T>())
-        return vdlStsContextMatchErr;
+    if (VdlStatus s = checkState(pState, blockTag<T>()))
+        return s;
     release<T>(pState);
     return vdlStsNoErr;
 }
@@ -140,8 +136,8 @@ VdlStatus blockScore(const typename Ty::Src* pSrc, const typename Ty::Src* pMean
     if (VdlStatus s = firstError({checkPtrs({pSrc, pMean, pBlocks, pResult}), checkLen(len)}))
         return s;
     const BlockDMatrix<Src>& m = pBlocks->body;
-    if (m.tag != blockTag<Src>())
-        return vdlStsContextMatchErr;
+    if (VdlStatus s = checkState(pBlocks, blockTag<Src>()))
+        return s;
     if (len != m.len)
         return vdlStsSizeErr;
 

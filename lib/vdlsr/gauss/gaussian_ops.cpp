@@ -10,24 +10,15 @@ using namespace vdl;
 
 namespace {
 
-// Quiet comparisons throughout the checks: a NaN argument is refused
-// without raising a floating-point flag.
-template <class T>
-bool allPositive(const T* v, int len)
-{
-    for (int k = 0; k < len; ++k)
-        if (!std::isgreater(v[k], T(0)))
-            return false;
-    return true;
-}
-
+// The checks compare quietly (checkPositive, isgreaterequal): a NaN
+// argument is refused without raising a floating-point flag.
 template <class T>
 VdlStatus split(T* pMean1, T* pVar1, T* pMean2, T* pVar2, int len, T val)
 {
     if (VdlStatus s = firstError({checkPtrs({pMean1, pVar1, pMean2, pVar2}), checkLen(len)}))
         return s;
-    if (!allPositive(pVar1, len))
-        return vdlStsBadArgErr;
+    if (VdlStatus s = checkPositive(pVar1, len))
+        return s;
     for (int k = 0; k < len; ++k) {
         const T mean = pMean1[k];
         const T var = pVar1[k];
@@ -56,8 +47,8 @@ public:
         const bool zeroOrMore = std::isgreaterequal(m_w1, T(0)) && std::isgreaterequal(m_w2, T(0));
         if (!zeroOrMore || !(m_w1 > 0 || m_w2 > 0))
             return vdlStsBadArgErr;
-        if (!allPositive(m_var1, len) || !allPositive(m_var2, len))
-            return vdlStsBadArgErr;
+        if (VdlStatus s = firstError({checkPositive(m_var1, len), checkPositive(m_var2, len)}))
+            return s;
         m_a = m_w1 / (m_w1 + m_w2);
         m_b = m_w2 / (m_w1 + m_w2);
         return vdlStsNoErr;

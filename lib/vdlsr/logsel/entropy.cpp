@@ -10,10 +10,12 @@ using namespace vdl;
 
 namespace {
 
-// Refuses a negative probability before anything is computed.
-template <class T>
-VdlStatus checkProbabilities(const T* p, int len)
+// The arguments, and no negative probability, before anything is computed.
+template <class T, class R>
+VdlStatus checkEntropy(const T* p, int len, const R* pResult)
 {
+    if (VdlStatus s = firstError({checkPtrs({p, pResult}), checkLen(len)}))
+        return s;
     for (int i = 0; i < len; ++i)
         if (p[i] < 0)
             return vdlStsBadArgErr;
@@ -26,9 +28,7 @@ extern "C" {
 
 VdlStatus vdlsEntropy_32f(const Vdl32f* pSrc, int len, Vdl32f* pResult)
 {
-    if (VdlStatus s = firstError({checkPtrs({pSrc, pResult}), checkLen(len)}))
-        return s;
-    if (VdlStatus s = checkProbabilities(pSrc, len))
+    if (VdlStatus s = checkEntropy(pSrc, len, pResult))
         return s;
     *pResult = static_cast<Vdl32f>(logSelKernels().entropy32f(pSrc, len));
     return vdlStsNoErr;
@@ -37,9 +37,7 @@ VdlStatus vdlsEntropy_32f(const Vdl32f* pSrc, int len, Vdl32f* pResult)
 VdlStatus vdlsEntropy_16s32s_Sfs(const Vdl16s* pSrc, int srcScaleFactor, int len,
                                  Vdl32s* pResult, int scaleFactor)
 {
-    if (VdlStatus s = firstError({checkPtrs({pSrc, pResult}), checkLen(len)}))
-        return s;
-    if (VdlStatus s = checkProbabilities(pSrc, len))
+    if (VdlStatus s = checkEntropy(pSrc, len, pResult))
         return s;
     const double toP = scaleOf(srcScaleFactor);
     double sum = 0;

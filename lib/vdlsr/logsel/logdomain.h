@@ -53,20 +53,6 @@ inline double logAddOf(double a, double b, bool fast)
     return hi + table[k] + (pos - k) * (table[k + 1] - table[k]);
 }
 
-// A fixed-point element of scale factor sf and the value it stands for.
-class FixedPoint {
-public:
-    explicit FixedPoint(int scaleFactor)
-        : m_toValue(scaleOf(scaleFactor)), m_sf(scaleFactor) {}
-    double value(double element) const { return element * m_toValue; }
-    template <class D>
-    D element(double value) const { return scaled<D>(value, -m_sf); }
-
-private:
-    double m_toValue;
-    int m_sf;
-};
-
 // Only the fast hint trades accuracy; none asks for no trade.
 inline bool isFast(VdlHintAlgorithm hint) { return hint == vdlAlgHintFast; }
 

@@ -1,11 +1,11 @@
 // The N-th largest element of a vector, found by selection in a copy.
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <type_traits>
 
 #include "vdlargcheck.h"
+#include "vdlbuffer.h"
 #include "vdlsr.h"
 
 using namespace vdl;
@@ -34,14 +34,15 @@ VdlStatus nthMax(const T* pSrc, int len, int N, T* pResult)
     // Short vectors are copied to the stack; longer ones to the heap.
     constexpr int onStack = 2048;
     T local[onStack];
-    T* work = len <= onStack ? local : static_cast<T*>(std::malloc(sizeof(T) * len));
+    Buffer<T> heap;
+    if (len > onStack)
+        heap.reset(len);
+    T* work = len <= onStack ? local : heap.data();
     if (work == nullptr)
         return vdlStsNoMemErr;
     std::memcpy(work, pSrc, sizeof(T) * len);
     std::nth_element(work, work + (N - 1), work + len, Greater());
     *pResult = work[N - 1];
-    if (work != local)
-        std::free(work);
     return vdlStsNoErr;
 }
 

@@ -25,26 +25,28 @@ VdlStatus vdlsBuildSignTable_Var_8u1u(const Vdl32s* pIndx, const Vdl32s* pNum,
 VdlStatus vdlsFillShortlist_Row_1u(const Vdl32s* pIndx, int height, int num,
                                    Vdl8u* const* ppShortlist, int clust, int width, int shift)
 {
-    return fillRows(pIndx, FixedGroups(num), height, ppShortlist, clust, width, shift);
+    return fillShortlists(pIndx, FixedGroups(num), ppShortlist, clust, width, shift, height, true);
 }
 
 VdlStatus vdlsFillShortlist_RowVar_1u(const Vdl32s* pIndx, const Vdl32s* pNum, int height,
                                       Vdl8u* const* ppShortlist, int clust, int width, int shift)
 {
-    return fillRows(pIndx, CountedGroups(pNum), height, ppShortlist, clust, width, shift);
+    return fillShortlists(pIndx, CountedGroups(pNum), ppShortlist, clust, width, shift, height,
+                          true);
 }
 
 VdlStatus vdlsFillShortlist_Column_1u(const Vdl32s* pIndx, int num, Vdl8u* const* ppShortlist,
                                       int clust, int width, int shift, int height)
 {
-    return fillColumns(pIndx, FixedGroups(num), ppShortlist, clust, width, shift, height);
+    return fillShortlists(pIndx, FixedGroups(num), ppShortlist, clust, width, shift, height, false);
 }
 
 VdlStatus vdlsFillShortlist_ColumnVar_1u(const Vdl32s* pIndx, const Vdl32s* pNum,
                                          Vdl8u* const* ppShortlist, int clust, int width,
                                          int shift, int height)
 {
-    return fillColumns(pIndx, CountedGroups(pNum), ppShortlist, clust, width, shift, height);
+    return fillShortlists(pIndx, CountedGroups(pNum), ppShortlist, clust, width, shift, height,
+                          false);
 }
 
 } // extern "C"

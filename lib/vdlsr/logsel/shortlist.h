@@ -4,8 +4,8 @@
 #ifndef VDL_SHORTLIST_H
 #define VDL_SHORTLIST_H
 
-#include "bitrows.h"
 #include "vdlargcheck.h"
+#include "vdlbits.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -108,46 +108,31 @@ inline void clearMixture(Vdl8u* const* table, int clust, int shift, int height)
             clearBit(table[c], shift + j);
 }
 
-// Component lists by cluster: group c lists the components of cluster c.
+// Shortlists from index groups. By cluster (the Row forms), group c lists
+// the components of cluster c; by component (the Column forms), group j
+// lists the clusters of component j.
 template <class Groups>
-VdlStatus fillRows(const Vdl32s* pIndx, const Groups& groups, int height, Vdl8u* const* table,
-                   int clust, int width, int shift)
+VdlStatus fillShortlists(const Vdl32s* pIndx, const Groups& groups, Vdl8u* const* table,
+                         int clust, int width, int shift, int height, bool byCluster)
 {
     if (VdlStatus s = firstError({checkPtrs({pIndx}), groups.nullCheck(),
                                   checkShortlists(table, clust, width, shift, height)}))
         return s;
-    if (VdlStatus s = groups.check(clust))
+    const int count = byCluster ? clust : height;
+    if (VdlStatus s = groups.check(count))
         return s;
-    if (VdlStatus s = checkIndices(pIndx, groups, clust, height - 1))
-        return s;
-    clearMixture(table, clust, shift, height);
-    long long pos = 0;
-    for (int c = 0; c < clust; ++c) {
-        const int n = groups.count(c);
-        for (int k = 0; k < n; ++k, ++pos)
-            setBit(table[c], shift + pIndx[pos]);
-    }
-    return vdlStsNoErr;
-}
-
-// Cluster lists by component: group j lists the clusters of component j.
-template <class Groups>
-VdlStatus fillColumns(const Vdl32s* pIndx, const Groups& groups, Vdl8u* const* table, int clust,
-                      int width, int shift, int height)
-{
-    if (VdlStatus s = firstError({checkPtrs({pIndx}), groups.nullCheck(),
-                                  checkShortlists(table, clust, width, shift, height)}))
-        return s;
-    if (VdlStatus s = groups.check(height))
-        return s;
-    if (VdlStatus s = checkIndices(pIndx, groups, height, clust - 1))
+    if (VdlStatus s = checkIndices(pIndx, groups, count, (byCluster ? height : clust) - 1))
         return s;
     clearMixture(table, clust, shift, height);
     long long pos = 0;
-    for (int j = 0; j < height; ++j) {
-        const int n = groups.count(j);
-        for (int k = 0; k < n; ++k, ++pos)
-            setBit(table[pIndx[pos]], shift + j);
+    for (int g = 0; g < count; ++g) {
+        const int n = groups.count(g);
+        for (int k = 0; k < n; ++k, ++pos) {
+            if (byCluster)
+                setBit(table[g], shift + pIndx[pos]);
+            else
+                setBit(table[pIndx[pos]], shift + g);
+        }
     }
     return vdlStsNoErr;
 }

@@ -1,16 +1,16 @@
 // What the entry points of the family share: sources read into double
 // (fixed-point sources by their shift), results written by the library's
 // one rounding rule, and the floating-point flags kept across a refusal
-// that is found only while computing.
+// that is found only while computing (vdlflags.h).
 #ifndef VDL_LP_COMMON_H
 #define VDL_LP_COMMON_H
 
-#include <cfenv>
 #include <cmath>
 #include <memory>
 #include <vector>
 
 #include "vdlargcheck.h"
+#include "vdlflags.h"
 #include "vdlround.h"
 #include "vdlscratch.h"
 
@@ -22,9 +22,9 @@ namespace vdl {
 template <class T>
 void loadInto(const T* src, int n, int shift, double* dst)
 {
-    const double factor = scaleOf(shift);
+    const FixedPoint fx(shift);
     for (int i = 0; i < n; ++i)
-        dst[i] = static_cast<double>(src[i]) * factor;
+        dst[i] = fx.value(static_cast<double>(src[i]));
 }
 
 template <class T>
@@ -35,14 +35,13 @@ std::vector<double> loadFixed(const T* src, int n, int shift)
     return v;
 }
 
-// dst[i] = v[i] * 2^-scaleFactor as a result element (floats take 0): the
-// library's one rule, with the factor taken once.
+// dst[i] = v[i] * 2^-scaleFactor as a result element (floats take 0).
 template <class D>
 void store(const double* v, int n, D* dst, int scaleFactor)
 {
-    const double factor = scaleOf(scaleFactor);
+    const ScaleRule<D> rule(scaleFactor);
     for (int i = 0; i < n; ++i)
-        dst[i] = toResult<D>(v[i] * factor);
+        dst[i] = rule(v[i]);
 }
 
 template <class D>
@@ -50,21 +49,6 @@ void store(const std::vector<double>& v, D* dst, int scaleFactor)
 {
     store(v.data(), static_cast<int>(v.size()), dst, scaleFactor);
 }
-
-// Saves the floating-point exception flags; restore() puts them back, for
-// a call that refuses its input after having computed with it.
-class FlagKeeper {
-public:
-    FlagKeeper() { std::fegetexceptflag(&m_flags, FE_ALL_EXCEPT); }
-    VdlStatus restore(VdlStatus status) const
-    {
-        std::fesetexceptflag(&m_flags, FE_ALL_EXCEPT);
-        return status;
-    }
-
-private:
-    std::fexcept_t m_flags;
-};
 
 } // namespace vdl
 

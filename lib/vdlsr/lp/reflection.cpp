@@ -81,10 +81,14 @@ VdlStatus tube(const T* pSrc, int srcShift, T* pDst, int len, int scaleFactor, d
     return vdlStsNoErr;
 }
 
-// The clip of the log-area ratios must keep the ratio finite.
-inline bool validLimit(Vdl32f val)
+// Log-area ratios clipped at val, which must keep the ratio finite.
+template <class T>
+VdlStatus logAreaRatios(const T* pSrc, int srcShift, T* pDst, int len, int scaleFactor, Vdl32f val)
 {
-    return val > 0 && val < 1;
+    if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
+        return s;
+    return val > 0 && val < 1 ? tube<LogRatios>(pSrc, srcShift, pDst, len, scaleFactor, val)
+                              : vdlStsBadArgErr;
 }
 
 } // namespace
@@ -124,18 +128,13 @@ VdlStatus vdlsReflectionToAR_16s_Sfs(const Vdl16s* pSrc, int srcShift, Vdl16s* p
 
 VdlStatus vdlsReflectionToLAR_32f(const Vdl32f* pSrc, Vdl32f* pDst, int len, Vdl32f val)
 {
-    if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
-        return s;
-    return validLimit(val) ? tube<LogRatios>(pSrc, 0, pDst, len, 0, val) : vdlStsBadArgErr;
+    return logAreaRatios(pSrc, 0, pDst, len, 0, val);
 }
 
 VdlStatus vdlsReflectionToLAR_16s_Sfs(const Vdl16s* pSrc, int srcShift, Vdl16s* pDst, int len,
                                       Vdl32f val, int scaleFactor)
 {
-    if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
-        return s;
-    return validLimit(val) ? tube<LogRatios>(pSrc, srcShift, pDst, len, scaleFactor, val)
-                           : vdlStsBadArgErr;
+    return logAreaRatios(pSrc, srcShift, pDst, len, scaleFactor, val);
 }
 
 VdlStatus vdlsReflectionToTrueAR_32f(const Vdl32f* pSrc, Vdl32f* pDst, int len)

@@ -26,30 +26,48 @@ VdlStatus checkColumns(const Rows& rows, int width, int height, int firstRow,
     return vdlStsNoErr;
 }
 
+// factor times the sum of term(x) over the row.
+template <class Term>
+VdlStatus sumRowOf(const Vdl64f* pSrc, int len, Vdl64f* pDst, Vdl64f factor, const Term& term)
+{
+    if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
+        return s;
+    double sum = 0;
+    for (int k = 0; k < len; ++k)
+        sum += term(pSrc[k]);
+    *pDst = factor * sum;
+    return vdlStsNoErr;
+}
+
+// factor times the sum of term(row) over the rows from firstRow on; term
+// reads the columns `cols`.
+template <class Term>
+VdlStatus sumColumnOf(const Vdl64f* const* ppSrc, int width, int height, Vdl64f* pDst,
+                      int firstRow, std::initializer_list<int> cols, Vdl64f factor,
+                      const Term& term)
+{
+    const Table a(ppSrc);
+    if (VdlStatus s = firstError({checkPtrs({pDst}), checkColumns(a, width, height, firstRow, cols)}))
+        return s;
+    double sum = 0;
+    for (int i = firstRow; i < height; ++i)
+        sum += term(a.row(i));
+    *pDst = factor * sum;
+    return vdlStsNoErr;
+}
+
 } // namespace
 
 extern "C" {
 
 VdlStatus vdlsSumRowAbs_64f(const Vdl64f* pSrc, int len, Vdl64f* pDst)
 {
-    if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
-        return s;
-    double sum = 0;
-    for (int k = 0; k < len; ++k)
-        sum += std::fabs(pSrc[k]);
-    *pDst = sum;
-    return vdlStsNoErr;
+    return sumRowOf(pSrc, len, pDst, 1.0, [](double x) { return std::fabs(x); });
 }
 
 VdlStatus vdlsSumRowSqr_64f(const Vdl64f* pSrc, int len, Vdl64f* pDst, Vdl64f val)
 {
-    if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
-        return s;
-    double sum = 0;
-    for (int k = 0; k < len; ++k)
-        sum += pSrc[k] * pSrc[k];
-    *pDst = val * sum;
-    return vdlStsNoErr;
+    return sumRowOf(pSrc, len, pDst, val, [](double x) { return x * x; });
 }
 
 VdlStatus vdlsAddMulRow_64f(const Vdl64f* pSrc, Vdl64f* pSrcDst, int len, Vdl64f val)
@@ -64,41 +82,22 @@ VdlStatus vdlsAddMulRow_64f(const Vdl64f* pSrc, Vdl64f* pSrcDst, int len, Vdl64f
 VdlStatus vdlsSumColumnAbs_64f_D2L(const Vdl64f* const* ppSrc, int width, int height, Vdl64f* pDst,
                                    int firstRow, int col)
 {
-    const Table a(ppSrc);
-    if (VdlStatus s = firstError({checkPtrs({pDst}), checkColumns(a, width, height, firstRow, {col})}))
-        return s;
-    double sum = 0;
-    for (int i = firstRow; i < height; ++i)
-        sum += std::fabs(a.row(i)[col]);
-    *pDst = sum;
-    return vdlStsNoErr;
+    return sumColumnOf(ppSrc, width, height, pDst, firstRow, {col}, 1.0,
+                       [col](const Vdl64f* row) { return std::fabs(row[col]); });
 }
 
 VdlStatus vdlsSumColumnSqr_64f_D2L(const Vdl64f* const* ppSrc, int width, int height, Vdl64f* pDst,
                                    int firstRow, int col, Vdl64f val)
 {
-    const Table a(ppSrc);
-    if (VdlStatus s = firstError({checkPtrs({pDst}), checkColumns(a, width, height, firstRow, {col})}))
-        return s;
-    double sum = 0;
-    for (int i = firstRow; i < height; ++i)
-        sum += a.row(i)[col] * a.row(i)[col];
-    *pDst = val * sum;
-    return vdlStsNoErr;
+    return sumColumnOf(ppSrc, width, height, pDst, firstRow, {col}, val,
+                       [col](const Vdl64f* row) { return row[col] * row[col]; });
 }
 
 VdlStatus vdlsDotProdColumn_64f_D2L(const Vdl64f* const* ppSrc, int width, int height, Vdl64f* pDst,
                                     int firstRow, int col1, int col2)
 {
-    const Table a(ppSrc);
-    if (VdlStatus s = firstError({checkPtrs({pDst}),
-                                  checkColumns(a, width, height, firstRow, {col1, col2})}))
-        return s;
-    double sum = 0;
-    for (int i = firstRow; i < height; ++i)
-        sum += a.row(i)[col1] * a.row(i)[col2];
-    *pDst = sum;
-    return vdlStsNoErr;
+    return sumColumnOf(ppSrc, width, height, pDst, firstRow, {col1, col2}, 1.0,
+                       [=](const Vdl64f* row) { return row[col1] * row[col2]; });
 }
 
 VdlStatus vdlsMulColumn_64f_D2L(Vdl64f* const* ppSrcDst, int width, int height, int firstRow, int col,

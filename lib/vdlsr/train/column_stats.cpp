@@ -149,82 +149,82 @@ VdlStatus vdlsWeightedMeanVarColumn_64f_D2L(const Vdl64f* const* ppSrc, const Vd
 
 VdlStatus vdlsSumColumn_32f_D2(const Vdl32f* pSrc, int step, int height, Vdl32f* pDst, int width)
 {
-    return sumColumn<Vdl32f>(StepRows<Vdl32f>(pSrc, step), height, pDst, width, 0);
+    return sumLines<Vdl32f>(StepRows<Vdl32f>(pSrc, step), height, width, pDst, 0, true);
 }
 
 VdlStatus vdlsSumColumn_32f_D2L(const Vdl32f* const* ppSrc, int height, Vdl32f* pDst, int width)
 {
-    return sumColumn<Vdl32f>(TableRows<Vdl32f>(ppSrc), height, pDst, width, 0);
+    return sumLines<Vdl32f>(TableRows<Vdl32f>(ppSrc), height, width, pDst, 0, true);
 }
 
 VdlStatus vdlsSumRow_32f_D2(const Vdl32f* pSrc, int width, int step, Vdl32f* pDst, int height)
 {
-    return sumRow<Vdl32f>(StepRows<Vdl32f>(pSrc, step), width, pDst, height, 0);
+    return sumLines<Vdl32f>(StepRows<Vdl32f>(pSrc, step), height, width, pDst, 0, false);
 }
 
 VdlStatus vdlsSumRow_32f_D2L(const Vdl32f* const* ppSrc, int width, Vdl32f* pDst, int height)
 {
-    return sumRow<Vdl32f>(TableRows<Vdl32f>(ppSrc), width, pDst, height, 0);
+    return sumLines<Vdl32f>(TableRows<Vdl32f>(ppSrc), height, width, pDst, 0, false);
 }
 
 VdlStatus vdlsSumColumn_64f_D2(const Vdl64f* pSrc, int step, int height, Vdl64f* pDst, int width)
 {
-    return sumColumn<Vdl64f>(StepRows<Vdl64f>(pSrc, step), height, pDst, width, 0);
+    return sumLines<Vdl64f>(StepRows<Vdl64f>(pSrc, step), height, width, pDst, 0, true);
 }
 
 VdlStatus vdlsSumColumn_64f_D2L(const Vdl64f* const* ppSrc, int height, Vdl64f* pDst, int width)
 {
-    return sumColumn<Vdl64f>(TableRows<Vdl64f>(ppSrc), height, pDst, width, 0);
+    return sumLines<Vdl64f>(TableRows<Vdl64f>(ppSrc), height, width, pDst, 0, true);
 }
 
 VdlStatus vdlsSumRow_64f_D2(const Vdl64f* pSrc, int width, int step, Vdl64f* pDst, int height)
 {
-    return sumRow<Vdl64f>(StepRows<Vdl64f>(pSrc, step), width, pDst, height, 0);
+    return sumLines<Vdl64f>(StepRows<Vdl64f>(pSrc, step), height, width, pDst, 0, false);
 }
 
 VdlStatus vdlsSumRow_64f_D2L(const Vdl64f* const* ppSrc, int width, Vdl64f* pDst, int height)
 {
-    return sumRow<Vdl64f>(TableRows<Vdl64f>(ppSrc), width, pDst, height, 0);
+    return sumLines<Vdl64f>(TableRows<Vdl64f>(ppSrc), height, width, pDst, 0, false);
 }
 
 VdlStatus vdlsSumColumn_16s32f_D2(const Vdl16s* pSrc, int step, int height, Vdl32f* pDst, int width)
 {
-    return sumColumn<Vdl16s>(StepRows<Vdl16s>(pSrc, step), height, pDst, width, 0);
+    return sumLines<Vdl16s>(StepRows<Vdl16s>(pSrc, step), height, width, pDst, 0, true);
 }
 
 VdlStatus vdlsSumColumn_16s32f_D2L(const Vdl16s* const* ppSrc, int height, Vdl32f* pDst, int width)
 {
-    return sumColumn<Vdl16s>(TableRows<Vdl16s>(ppSrc), height, pDst, width, 0);
+    return sumLines<Vdl16s>(TableRows<Vdl16s>(ppSrc), height, width, pDst, 0, true);
 }
 
 VdlStatus vdlsSumRow_16s32f_D2(const Vdl16s* pSrc, int width, int step, Vdl32f* pDst, int height)
 {
-    return sumRow<Vdl16s>(StepRows<Vdl16s>(pSrc, step), width, pDst, height, 0);
+    return sumLines<Vdl16s>(StepRows<Vdl16s>(pSrc, step), height, width, pDst, 0, false);
 }
 
 VdlStatus vdlsSumRow_16s32f_D2L(const Vdl16s* const* ppSrc, int width, Vdl32f* pDst, int height)
 {
-    return sumRow<Vdl16s>(TableRows<Vdl16s>(ppSrc), width, pDst, height, 0);
+    return sumLines<Vdl16s>(TableRows<Vdl16s>(ppSrc), height, width, pDst, 0, false);
 }
 
 VdlStatus vdlsSumColumn_16s32s_D2Sfs(const Vdl16s* pSrc, int step, int height, Vdl32s* pDst, int width, int scaleFactor)
 {
-    return sumColumn<Vdl16s>(StepRows<Vdl16s>(pSrc, step), height, pDst, width, scaleFactor);
+    return sumLines<Vdl16s>(StepRows<Vdl16s>(pSrc, step), height, width, pDst, scaleFactor, true);
 }
 
 VdlStatus vdlsSumColumn_16s32s_D2LSfs(const Vdl16s* const* ppSrc, int height, Vdl32s* pDst, int width, int scaleFactor)
 {
-    return sumColumn<Vdl16s>(TableRows<Vdl16s>(ppSrc), height, pDst, width, scaleFactor);
+    return sumLines<Vdl16s>(TableRows<Vdl16s>(ppSrc), height, width, pDst, scaleFactor, true);
 }
 
 VdlStatus vdlsSumRow_16s32s_D2Sfs(const Vdl16s* pSrc, int width, int step, Vdl32s* pDst, int height, int scaleFactor)
 {
-    return sumRow<Vdl16s>(StepRows<Vdl16s>(pSrc, step), width, pDst, height, scaleFactor);
+    return sumLines<Vdl16s>(StepRows<Vdl16s>(pSrc, step), height, width, pDst, scaleFactor, false);
 }
 
 VdlStatus vdlsSumRow_16s32s_D2LSfs(const Vdl16s* const* ppSrc, int width, Vdl32s* pDst, int height, int scaleFactor)
 {
-    return sumRow<Vdl16s>(TableRows<Vdl16s>(ppSrc), width, pDst, height, scaleFactor);
+    return sumLines<Vdl16s>(TableRows<Vdl16s>(ppSrc), height, width, pDst, scaleFactor, false);
 }
 
 VdlStatus vdlsSumMeanVar_32f(const Vdl32f* pSrc, int step, int height, Vdl32f* pDstMean, Vdl32f* pDstVar, int width)

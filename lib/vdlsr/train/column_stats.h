@@ -4,13 +4,14 @@
 #ifndef VDL_TRAIN_COLUMN_STATS_H
 #define VDL_TRAIN_COLUMN_STATS_H
 
-#include <cfenv>
 #include <initializer_list>
 
 #include "column_kernels.h"
-#include "train_layout.h"
 #include "vdlargcheck.h"
+#include "vdlflags.h"
 #include "vdlround.h"
+#include "vdlrows.h"
+#include "vdlscratch.h"
 
 #pragma GCC visibility push(hidden)
 
@@ -41,19 +42,32 @@ void columnSquares(const Rows& rows, int height, int width, const double* center
     sums<T>().sumSq(rows.ref(), height, width, center, acc);
 }
 
+// `count` results of a call over a matrix that also takes the pointers
+// `ptrs`: fill(acc) computes them in double, and each is scaled into pDst.
+template <class D, class Rows, class Fill>
+VdlStatus scaledResults(std::initializer_list<const void*> ptrs, const Rows& rows, int height,
+                        int width, D* pDst, int count, int scaleFactor, const Fill& fill)
+{
+    if (VdlStatus s = firstError({checkPtrs(ptrs), checkMatrix(rows, height, width)}))
+        return s;
+    Scratch acc(count);
+    if (!acc.ok())
+        return vdlStsNoMemErr;
+    fill(acc.data());
+    for (int k = 0; k < count; ++k)
+        pDst[k] = scaled<D>(acc[k], scaleFactor);
+    return vdlStsNoErr;
+}
+
 // Column means, and the variance about them or about a given mean.
 template <class T, class M, class Rows>
 VdlStatus meanColumn(const Rows& rows, int height, M* pMean, int width)
 {
-    if (VdlStatus s = firstError({checkPtrs({pMean}), checkMatrix(rows, height, width)}))
-        return s;
-    Scratch acc(width);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    columnSums<T>(rows, height, width, acc.data());
-    for (int k = 0; k < width; ++k)
-        pMean[k] = toResult<M>(acc[k] / height);
-    return vdlStsNoErr;
+    return scaledResults({pMean}, rows, height, width, pMean, width, 0, [&](double* acc) {
+        columnSums<T>(rows, height, width, acc);
+        for (int k = 0; k < width; ++k)
+            acc[k] /= height;
+    });
 }
 
 template <class T, class V, class Rows>
@@ -98,15 +112,11 @@ VdlStatus meanVarColumn(const Rows& rows, int height, M* pMean, V* pVar, int wid
 template <class T>
 VdlStatus weightSum(const T* pWgt, int height, double& total)
 {
-    std::fexcept_t flags;
-    std::fegetexceptflag(&flags, FE_ALL_EXCEPT);
+    const FlagKeeper flags;
     total = 0;
     for (int i = 0; i < height; ++i)
         total += pWgt[i];
-    if (total != 0)
-        return vdlStsNoErr;
-    std::fesetexceptflag(&flags, FE_ALL_EXCEPT);
-    return vdlStsDivByZeroErr;
+    return total != 0 ? vdlStsNoErr : flags.restore(vdlStsDivByZeroErr);
 }
 
 // Weighted mean into pMean (if not null), weighted variance into pVar (if
@@ -144,33 +154,19 @@ VdlStatus weightedColumn(const Rows& rows, const T* pWgt, int height, T* pMean, 
     return vdlStsNoErr;
 }
 
-// Column sums and row sums, scaled into D.
+// Sums of the matrix, one per column (byColumn) or one per row, scaled
+// into D.
 template <class T, class D, class Rows>
-VdlStatus sumColumn(const Rows& rows, int height, D* pDst, int width, int scaleFactor)
+VdlStatus sumLines(const Rows& rows, int height, int width, D* pDst, int scaleFactor,
+                   bool byColumn)
 {
-    if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
-        return s;
-    Scratch acc(width);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    columnSums<T>(rows, height, width, acc.data());
-    for (int k = 0; k < width; ++k)
-        pDst[k] = scaled<D>(acc[k], scaleFactor);
-    return vdlStsNoErr;
-}
-
-template <class T, class D, class Rows>
-VdlStatus sumRow(const Rows& rows, int width, D* pDst, int height, int scaleFactor)
-{
-    if (VdlStatus s = firstError({checkPtrs({pDst}), checkMatrix(rows, height, width)}))
-        return s;
-    Scratch acc(height);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    sums<T>().rowSums(rows.ref(), height, width, acc.data());
-    for (int i = 0; i < height; ++i)
-        pDst[i] = scaled<D>(acc[i], scaleFactor);
-    return vdlStsNoErr;
+    const int count = byColumn ? width : height;
+    return scaledResults({pDst}, rows, height, width, pDst, count, scaleFactor, [&](double* acc) {
+        if (byColumn)
+            columnSums<T>(rows, height, width, acc);
+        else
+            sums<T>().rowSums(rows.ref(), height, width, acc);
+    });
 }
 
 // Sums and sums of squares per column, written (accumulate false) or added

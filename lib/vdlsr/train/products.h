@@ -14,30 +14,16 @@ namespace vdl {
 template <class T, class D, class Rows>
 VdlStatus matVecMul(const Rows& m, const T* pVec, int width, D* pDst, int height, int scaleFactor)
 {
-    if (VdlStatus s = firstError({checkPtrs({pVec, pDst}), checkMatrix(m, height, width)}))
-        return s;
-    Scratch acc(height);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    sums<T>().rowDots(m.ref(), pVec, height, width, acc.data());
-    for (int i = 0; i < height; ++i)
-        pDst[i] = scaled<D>(acc[i], scaleFactor);
-    return vdlStsNoErr;
+    return scaledResults({pVec, pDst}, m, height, width, pDst, height, scaleFactor,
+                         [&](double* acc) { sums<T>().rowDots(m.ref(), pVec, height, width, acc); });
 }
 
 // pDst[k] = sum over i of v[i] M[i][k]: the rows weighted by v, summed.
 template <class T, class D, class Rows>
 VdlStatus vecMatMul(const T* pVec, const Rows& m, int height, D* pDst, int width, int scaleFactor)
 {
-    if (VdlStatus s = firstError({checkPtrs({pVec, pDst}), checkMatrix(m, height, width)}))
-        return s;
-    Scratch acc(width);
-    if (!acc.ok())
-        return vdlStsNoMemErr;
-    sums<T>().wsum(m.ref(), pVec, height, width, acc.data());
-    for (int k = 0; k < width; ++k)
-        pDst[k] = scaled<D>(acc[k], scaleFactor);
-    return vdlStsNoErr;
+    return scaledResults({pVec, pDst}, m, height, width, pDst, width, scaleFactor,
+                         [&](double* acc) { sums<T>().wsum(m.ref(), pVec, height, width, acc); });
 }
 
 // dst[i][j] += val * sum over n of (x_ni - mean_i)(x_nj - mean_j).

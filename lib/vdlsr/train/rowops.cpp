@@ -16,8 +16,8 @@ VdlStatus recSqrt(const T* pSrc, D* pDst, int len, T val, int scaleFactor)
 {
     if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
         return s;
-    if (!std::isgreater(val, T(0)))
-        return vdlStsBadArgErr;
+    if (VdlStatus s = checkPositive(val))
+        return s;
     const double f = scaleOf(scaleFactor);
     for (int k = 0; k < len; ++k) {
         const T x = pSrc[k] > val ? pSrc[k] : val;
@@ -31,8 +31,8 @@ VdlStatus recSqrt(const Vdl32f* pSrc, Vdl32f* pDst, int len, Vdl32f val, int)
 {
     if (VdlStatus s = firstError({checkPtrs({pSrc, pDst}), checkLen(len)}))
         return s;
-    if (!std::isgreater(val, 0.0f))
-        return vdlStsBadArgErr;
+    if (VdlStatus s = checkPositive(val))
+        return s;
     for (int k = 0; k < len; ++k)
         pDst[k] = 1.0f / std::sqrt(pSrc[k] > val ? pSrc[k] : val);
     return vdlStsNoErr;

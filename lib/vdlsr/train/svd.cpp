@@ -3,10 +3,10 @@
 // norms are the singular values, the normalised columns U, and the same
 // rotations applied to the identity give V.
 #include <cmath>
-#include <new>
 
 #include "column_stats.h"
 #include "rotation_kernels.h"
+#include "vdlbuffer.h"
 #include "vdlsr.h"
 
 using namespace vdl;
@@ -22,21 +22,14 @@ class JacobiWork {
 public:
     JacobiWork(int height, int width)
         : m_height(height), m_width(width),
-          m_g(new (std::nothrow) double[static_cast<size_t>(height) * width]),
-          m_v(new (std::nothrow) double[static_cast<size_t>(width) * width])
+          m_g(static_cast<size_t>(height) * width),
+          m_v(static_cast<size_t>(width) * width)
     {
     }
-    ~JacobiWork()
-    {
-        delete[] m_g;
-        delete[] m_v;
-    }
-    JacobiWork(const JacobiWork&) = delete;
-    JacobiWork& operator=(const JacobiWork&) = delete;
 
-    bool ok() const { return m_g && m_v; }
-    double* g(int j) { return m_g + static_cast<size_t>(j) * m_height; }
-    double* v(int j) { return m_v + static_cast<size_t>(j) * m_width; }
+    bool ok() const { return m_g.ok() && m_v.ok(); }
+    double* g(int j) { return m_g.data() + static_cast<size_t>(j) * m_height; }
+    double* v(int j) { return m_v.data() + static_cast<size_t>(j) * m_width; }
 
     template <class Rows>
     void load(const Rows& a)
@@ -174,8 +167,8 @@ private:
 
     int m_height;
     int m_width;
-    double* m_g;
-    double* m_v;
+    Buffer<double> m_g;
+    Buffer<double> m_v;
 };
 
 template <class ARows, class URows, class VRows>

@@ -14,22 +14,6 @@ namespace {
 
 constexpr double log2Pi = 1.8378770664093454836;
 
-// A value argument that must be positive; quiet for a NaN, which fails.
-template <class T>
-VdlStatus checkPositive(T value)
-{
-    return std::isgreater(value, T(0)) ? vdlStsNoErr : vdlStsBadArgErr;
-}
-
-template <class T>
-VdlStatus checkAllPositive(const T* v, int len)
-{
-    for (int k = 0; k < len; ++k)
-        if (!std::isgreater(v[k], T(0)))
-            return vdlStsBadArgErr;
-    return vdlStsNoErr;
-}
-
 // max(sqr * invOcc - (sum * invOcc)^2, floor) * 2^-scaleFactor as D.
 template <class T, class D>
 VdlStatus newVar(const T* pSum, const T* pSqr, D* pDst, int len, float invOcc, float varFloor,
@@ -94,7 +78,7 @@ VdlStatus updateGConst(const T* pVar, int len, T* pDst, bool precisions)
 {
     if (VdlStatus s = firstError({checkPtrs({pVar, pDst}), checkLen(len)}))
         return s;
-    if (VdlStatus s = checkAllPositive(pVar, len))
+    if (VdlStatus s = checkPositive(pVar, len))
         return s;
     double logDet = 0;
     for (int k = 0; k < len; ++k)
@@ -123,7 +107,7 @@ VdlStatus dcsAccumulate(const T* pMean, const T* pVar, T* pSum, T* pSqr, int len
     if (VdlStatus s = firstError({checkPtrs({pMean, pVar, pSum, pSqr}), checkLen(len)}))
         return s;
     if (precisions)
-        if (VdlStatus s = checkAllPositive(pVar, len))
+        if (VdlStatus s = checkPositive(pVar, len))
             return s;
     for (int k = 0; k < len; ++k) {
         const T var = precisions ? T(1) / pVar[k] : pVar[k];

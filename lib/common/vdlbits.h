@@ -1,7 +1,8 @@
 // Rows of bits: bit k of a row lies in byte k / 8 under the mask
-// 0x80 >> k % 8, the first bit the most significant.
-#ifndef VDL_BITROWS_H
-#define VDL_BITROWS_H
+// 0x80 >> k % 8, the first bit the most significant. Bit numbers are wide
+// enough for a whole matrix of packed rows.
+#ifndef VDL_COMMON_BITS_H
+#define VDL_COMMON_BITS_H
 
 #include "vdlcore.h"
 
@@ -9,13 +10,13 @@
 
 namespace vdl {
 
-inline Vdl8u bitMask(int k) { return static_cast<Vdl8u>(0x80u >> (k & 7)); }
+inline Vdl8u bitMask(long long k) { return static_cast<Vdl8u>(0x80u >> (k & 7)); }
 
-inline bool testBit(const Vdl8u* row, int k) { return (row[k >> 3] & bitMask(k)) != 0; }
+inline bool testBit(const Vdl8u* row, long long k) { return (row[k >> 3] & bitMask(k)) != 0; }
 
-inline void setBit(Vdl8u* row, int k) { row[k >> 3] |= bitMask(k); }
+inline void setBit(Vdl8u* row, long long k) { row[k >> 3] |= bitMask(k); }
 
-inline void clearBit(Vdl8u* row, int k) { row[k >> 3] &= static_cast<Vdl8u>(~bitMask(k)); }
+inline void clearBit(Vdl8u* row, long long k) { row[k >> 3] &= static_cast<Vdl8u>(~bitMask(k)); }
 
 // The 8 bits of a row of `bytes` bytes from bit `first` on, as one byte in
 // the same order; bits past the end of the row read as 0.
