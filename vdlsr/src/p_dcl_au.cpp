@@ -1,7 +1,6 @@
 // Decision-tree clustering: the sums of a cluster accumulated from its
 // Gaussians, and the cluster's log-likelihood computed from them.
 #include "dl.h"
-#include "dltrain.h"
 
 DL_MODULE("vdlsr/src/p_dcl_au");
 

@@ -16,7 +16,7 @@ public:
         dlStep(len, "len", 70, 100, 10, '+');
         dlStep(tabslen, "tabslen", 100, 120, 4, '+');
         dlScale(scaleFactor, m_func);
-        for (dlVector* v : {&pSrc, &pTabs, &pDstH, &pDstL}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pTabs, &pDstH, &pDstL}, m_func);
         return true;
     }
     bool canContinue() override {
@@ -25,9 +25,7 @@ public:
                pTabs.createVector(tabslen, SET_ZERO, 0, 0) && pDstH.createVector(len, SET_ZERO, 0, 0) &&
                pDstL.createVector(len, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc, &pTabs, &pDstH, &pDstL}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pTabs, &pDstH, &pDstL}); }
     double getDivisor() override { return len * tabslen; }
     void columns(dlColumns& c) override { c << len << tabslen << scaleFactor; }
 };

@@ -20,17 +20,16 @@ public:
     bool canStart() override {
         if (m_single || m_meanVarAcc) {
             // One frame: the length is the only size, the column count stays 1.
-            dlStep(cols, "", 1, 1, 1, '+');
+            dlOne(cols);
             dlStep(rows, "Lenght", 30, 68, 2, '+');
         } else {
             dlStep(rows, "Rows", 8, 20, 2, '+');
             dlStep(cols, "Cols", 30, 40, 3, '+');
         }
         dlScale(scaleFactor, m_func);
-        for (dlVector* v : {&src, &var, &mean, &meanAcc, &varAcc, &mean1, &var1, &src1, &srcVector,
-                            &meanVector, &varVector})
-            v->init(m_func, 1);
-        for (dlrMatrice* m : {&srcMatrice, &meanMatrice, &varMatrice}) m->init(m_func, 1);
+        dlInitAll({&src, &var, &mean, &meanAcc, &varAcc, &mean1, &var1, &src1, &srcVector,
+                   &meanVector, &varVector, &srcMatrice, &meanMatrice, &varMatrice},
+                  m_func);
         dst.init(m_func, DL_DST1);
         return true;
     }
@@ -52,10 +51,9 @@ public:
                                varVector.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0));
     }
     void flushData() override {
-        for (dlVector* v : {&src, &var, &mean, &dst, &meanAcc, &varAcc, &mean1, &var1, &src1,
-                            &srcVector, &meanVector, &varVector})
-            v->deleteVector();
-        for (dlrMatrice* m : {&srcMatrice, &meanMatrice, &varMatrice}) m->deleteMatrice();
+        dlDeleteAll({&src, &var, &mean, &dst, &meanAcc, &varAcc, &mean1, &var1, &src1, &srcVector,
+                     &meanVector, &varVector},
+                    {&srcMatrice, &meanMatrice, &varMatrice});
     }
     double getDivisor() override { return rows * cols; }
     void columns(dlColumns& c) override {

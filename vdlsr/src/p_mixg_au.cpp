@@ -16,8 +16,7 @@ public:
 
     bool canStart() override {
         dlStep(len, "Length", 10, 48, 2, '+');
-        for (dlVector* v : {&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst})
-            v->init(m_func, 1);
+        dlInitAll({&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
@@ -30,8 +29,7 @@ public:
         return made && dlCreateShifted({&pMeandst, &pVardst, &pDst}, len, 4, SET_ZERO);
     }
     void flushData() override {
-        for (dlVector* v : {&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst})
-            v->deleteVector();
+        dlDeleteAll({&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst});
     }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len; }

@@ -1,7 +1,6 @@
 // Column sums and sums of squares of a matrix; the _I forms add them to
 // accumulators, which nothing resets between calls.
 #include "dl.h"
-#include "dltrain.h"
 
 DL_MODULE("vdlsr/src/p_summnvar_au");
 

@@ -1,7 +1,7 @@
 // Weighted means and variances of the columns of a matrix, each row with
 // its weight.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_wghtmeancol_au");
 
@@ -10,9 +10,9 @@ static dlrMatrice mSrc;
 static kvStepIterator<int> height, width;
 static int step;
 
-class TimWghtMean : public dlTrainTest {
+class TimWghtMean : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(height, "height", 200, 400, 50, '+');
