@@ -32,8 +32,7 @@ public:
             dlError("-- ItDec must be 1 or more\n");
             return false;
         }
-        return pSrc1.createVector(maxLen + Len, SET_RANDOM, 0, 0) &&
-               pSrc2.createVector(maxLen + Len, SET_RANDOM, 0, 0) &&
+        return dlCreateAll({&pSrc1, &pSrc2}, maxLen + Len, SET_RANDOM) &&
                pDst.createVector(m_decim ? (maxLen - minLen) / ItDec + 2 : 1, SET_ZERO, 0, 0) &&
                pDstBeta.createVector(1, SET_ZERO, 0, 0);
     }

@@ -20,8 +20,7 @@ public:
         return true;
     }
     bool canContinue() override {
-        return stepOdometer({&len, &scaleFactor}) && pSrc.createVector(len, SET_ZERO, 0, 0) &&
-               pDst.createVector(len, SET_ZERO, 0, 0);
+        return stepOdometer({&len, &scaleFactor}) && dlCreateAll({&pSrc, &pDst}, len, SET_ZERO);
     }
     void flushData() override { dlDeleteAll({&pSrc, &pDst}); }
     double getDivisor() override { return len; }

@@ -19,8 +19,9 @@ public:
         return true;
     }
     bool canContinue() override {
-        return stepOdometer({&len, &scaleFactor}) && pSrc1.createVector(len, SET_RANDOM, 10, 30) &&
-               pSrc2.createVector(len, SET_RANDOM, 10, 30) && pDst.createVector(len, SET_ZERO, 0, 0);
+        return stepOdometer({&len, &scaleFactor}) &&
+               dlCreateAll({&pSrc1, &pSrc2}, len, SET_RANDOM, 10, 30) &&
+               pDst.createVector(len, SET_ZERO, 0, 0);
     }
     void flushData() override { dlDeleteAll({&pSrc1, &pSrc2, &pDst}); }
     double getDivisor() override { return len; }

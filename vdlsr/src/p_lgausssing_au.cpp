@@ -21,7 +21,7 @@ public:
     bool canContinue() override {
         // A variance given directly is a divisor, so it must not be zero.
         return stepOdometer({&scaleFactor, &len}) &&
-               src.createVector(len, SET_ZERO, 0, 0) && mean.createVector(len, SET_ZERO, 0, 0) &&
+               dlCreateAll({&src, &mean}, len, SET_ZERO) &&
                var.createVector(len, m_directVar ? SET_ONE : SET_ZERO, 0, 0) &&
                dst.createVector(len, SET_ZERO, 0, 0);
     }

@@ -22,8 +22,8 @@ public:
     bool canContinue() override {
         return stepOdometer({&scaleFactor, &len, &tabslen}) &&
                pSrc.createVector(tabslen + 2 * len, SET_ZERO, 0, 0) &&
-               pTabs.createVector(tabslen, SET_ZERO, 0, 0) && pDstH.createVector(len, SET_ZERO, 0, 0) &&
-               pDstL.createVector(len, SET_ZERO, 0, 0);
+               pTabs.createVector(tabslen, SET_ZERO, 0, 0) &&
+               dlCreateAll({&pDstH, &pDstL}, len, SET_ZERO);
     }
     void flushData() override { dlDeleteAll({&pSrc, &pTabs, &pDstH, &pDstL}); }
     double getDivisor() override { return len * tabslen; }

@@ -21,10 +21,7 @@ public:
     }
     bool canContinue() override {
         if (!stepOdometer({&len})) return false;
-        bool made = m_split ? pMean1.createVector(len, SET_ONE, 0, 0) &&
-                                  pVar1.createVector(len, SET_ONE, 0, 0) &&
-                                  pMean2.createVector(len, SET_ONE, 0, 0) &&
-                                  pVar2.createVector(len, SET_ONE, 0, 0)
+        bool made = m_split ? dlCreateAll({&pMean1, &pVar1, &pMean2, &pVar2}, len, SET_ONE)
                             : dlCreateShifted({&pMean1, &pVar1, &pMean2, &pVar2}, len, 0, SET_ONE);
         return made && dlCreateShifted({&pMeandst, &pVardst, &pDst}, len, 4, SET_ZERO);
     }

@@ -43,7 +43,7 @@ public:
         val1 = 1.0;
         if (m_svd) return pDstW.createVector(cols, SET_ZERO, 0, 0) && createSvdData();
         if (m_d2l) return mSrc.createMatrice(rows, cols, SET_ZERO, 0, 0);
-        return pSrc.createVector(rows, SET_ZERO, 0, 0) && pDst.createVector(rows, SET_ZERO, 0, 0);
+        return dlCreateAll({&pSrc, &pDst}, rows, SET_ZERO);
     }
     void flushData() override {
         dlDeleteAll({&pSrc, &pDst, &pTmp, &pDstU, &pDstV, &pDstW}, {&mSrc, &mTmp, &mDstU, &mDstV});

@@ -24,7 +24,7 @@ public:
         if (!stepOdometer({&height, &width})) return false;
         step = m_d2l ? 0 : (width + 3) / 4 * 4;
         return createRows(pSrc, mSrc, height, width, step, dlFillZero) &&
-               pMean.createVector(width, SET_ZERO, 0, 0) && pVar.createVector(width, SET_ZERO, 0, 0) &&
+               dlCreateAll({&pMean, &pVar}, width, SET_ZERO) &&
                pWgt.createVector(height, SET_ONE, 0, 0);
     }
     void flushData() override { dlDeleteAll({&pSrc, &pMean, &pVar, &pWgt}, {&mSrc}); }

@@ -19,9 +19,8 @@ public:
         return true;
     }
     bool canContinue() override {
-        return stepOdometer({&len}) && pSrc.createVector(len, SET_RANDOM, 0, 0) &&
-               pDen.createVector(len, SET_RANDOM, 0, 0) && pNoise.createVector(len, SET_ONE, 0, 0) &&
-               dlCreateShifted({&pDst}, len, 2, SET_ZERO);
+        return stepOdometer({&len}) && dlCreateAll({&pSrc, &pDen}, len, SET_RANDOM) &&
+               pNoise.createVector(len, SET_ONE, 0, 0) && dlCreateShifted({&pDst}, len, 2, SET_ZERO);
     }
     void flushData() override { dlDeleteAll({&pSrc, &pNoise, &pDen, &pDst}); }
     double getDivisor() override { return len; }
