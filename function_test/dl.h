@@ -12,7 +12,7 @@
 #include "vdlsr.h"
 
 #include "dlfunc.h"
-#include "dlscaleiterator.h"
+#include "dlparams.h"
 #include "dltest.h"
 #include "dlvector.h"
 #include "kv/kvsession.h"
@@ -44,22 +44,6 @@ extern const kvString FlagStr[4];
     DL_MODULE(path);                                                                     \
     [[maybe_unused]] static bool regVersion_vdls = kvRegVdlVersion(dlGetVdlVersion_vdls)
 
-// ---- parameters in canStart: the default range, then -d / ini / console
-
-template <class T>
-inline void dlStep(kvStepIterator<T>& it, const char* name, T first, T last, T step, char op) {
-    it.reset();
-    it.init(name, first, last, step, op);
-    it.fromIStream(g_istrm);
-}
-
-// A scale iterator set up for the test's function, then read.
-template <class... Ints>
-inline void dlScale(dlScaleIterator& it, const kvString& funcName, Ints... values) {
-    it.init(funcName, values...);
-    it.fromIStream(g_istrm);
-}
-
 // ---- a module's buffers as a group
 
 // Each buffer typed by the test's function: by its argument `arg`, or by a
@@ -85,6 +69,24 @@ inline void dlDeleteAll(std::initializer_list<dlVector*> vectors,
     for (dlVector* v : vectors) v->deleteVector();
     for (dlrMatrice* m : matrices) m->deleteMatrice();
 }
+
+// An error message of a module's set-up, such as data it could not make.
+inline void dlError(const kvString& text) { g_ostrm << ERR << text << endMsg; }
+
+// ---- a Tim class over a base that takes the module's data
+
+// The constructor: the base gets the module's file-scope data (one or more
+// arguments), then the arguments of the registration.
+#define DL_CTOR(Class, Base, ...) \
+    template <class... Args>      \
+    Class(Args... args) : Base(__VA_ARGS__, args...) {}
+
+// A Tim class that is all its base.
+#define DL_CLASS(Class, Base, ...)         \
+    class Class : public Base {            \
+    public:                                \
+        DL_CTOR(Class, Base, __VA_ARGS__)  \
+    }
 
 // ---- the trio of a test: one call, a timed loop, a timed sum of single calls
 

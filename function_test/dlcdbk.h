@@ -12,13 +12,11 @@
 // Hints by name: 1 "full", 2 "kmeansLong", 3 "kmeansNum"; the default walk
 // is `defaults`.
 inline void dlCdbkHint(kvMapIterator<int>& hint, std::initializer_list<int> defaults) {
-    hint.resetMap();
-    hint.init("Hint");
-    hint.addValidation(vdlCdbkHintFull, "full");
-    hint.addValidation(vdlCdbkHintKmeansLong, "kmeansLong");
-    hint.addValidation(vdlCdbkHintKmeansNum, "kmeansNum");
-    for (int v : defaults) hint.add(v);
-    hint.fromIStream(g_istrm);
+    dlMapList(hint, "Hint",
+              {{vdlCdbkHintFull, "full"},
+               {vdlCdbkHintKmeansLong, "kmeansLong"},
+               {vdlCdbkHintKmeansNum, "kmeansNum"}},
+              defaults);
 }
 
 // The full hint keeps every training vector; k-means make a fifth as many.
@@ -49,9 +47,6 @@ inline void dlCdbkFree(bool f32, void** handle) {
     else vdlsCdbkFree_16s((VdlsCdbkState_16s*)*handle);
     *handle = 0;
 }
-
-// The message of a codebook that could not be made.
-inline void dlCdbkCreateError(const char* text) { g_ostrm << ERR << text << endMsg; }
 
 // A table of codebook handles from the library's allocator, one pointer
 // each, all made from the same training rows; released last to first.

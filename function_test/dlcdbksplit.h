@@ -42,8 +42,8 @@ public:
         if (!createSource() || !createBuffers()) return false;
         if (d.table.create(m_32f, d.CdbksNum, d.pSrc, d.step, d.height, d.nClust, d.hint))
             return true;
-        dlCdbkCreateError(m_32f ? "\n Error in create codebook 32bit code\n"
-                                : "\n Error in create codebook 16bit code\n");
+        dlError(m_32f ? "\n Error in create codebook 32bit code\n"
+                      : "\n Error in create codebook 16bit code\n");
         return false;
     }
     void flushData() override {

@@ -1,32 +1,45 @@
-// What the feature-extraction modules share: the saved input of an
-// in-place test.
+// dlfeature.h: what the feature-extraction modules share: the test of a
+// function of each element of a vector, into another vector or in place.
 #ifndef DL_FEATURE_H
 #define DL_FEATURE_H
 
-#include <cstring>
-#include <initializer_list>
-
 #include "dl.h"
+#include "dlinplace.h"
 
-// An in-place test's work buffer and the copy of its input: `restore`
-// copies the input back before each call.
-class dlInPlace {
+// "Length" from 10 to 48 by 2; the input random between `low` and `high`,
+// saved for the in-place (`_I`) forms, which work on a copy of it.
+class dlElementwiseTest : public prTest {
 public:
-    dlInPlace(dlVector& work, dlVector& saved) : m_work(work), m_saved(saved), m_dataSize(0) {}
-    // The work buffer of `len` elements, filled from the saved input.
-    bool create(int len) {
-        if (!m_work.createVector(len, SET_ZERO, 0, 0)) return false;
-        m_dataSize = len * dlVector::item(m_work.m_func);
-        restore();
+    template <class... Args>
+    dlElementwiseTest(dlVector& src, dlVector& dst, dlInPlace& inPlace, kvStepIterator<int>& len,
+                      double low, double high, Args... args)
+        : prTest(args...), m_src(src), m_dst(dst), m_inPlace(inPlace), m_len(len), m_low(low),
+          m_high(high) {}
+
+    bool canStart() override {
+        dlStep(m_len, "Length", 10, 48, 2, '+');
+        dlInitAll({&m_src, &m_inPlace.saved(), &m_inPlace.work()}, m_func);
+        m_dst.init(m_func, DL_DST1);
         return true;
     }
-    void restore() { std::memcpy(m_work.getPointerAt(0), m_saved.getPointerAt(0), m_dataSize); }
-    int dataSize() const { return m_dataSize; }
+    bool canContinue() override {
+        return stepOdometer({&m_len}) &&
+               dlCreateAll({&m_src, &m_inPlace.saved()}, m_len, SET_RANDOM, m_low, m_high) &&
+               m_dst.createVector(m_len, SET_ZERO, 0, 0) && m_inPlace.create(m_len);
+    }
+    void flushData() override {
+        dlDeleteAll({&m_src, &m_inPlace.saved(), &m_dst, &m_inPlace.work()});
+    }
+    double getDivisor() override { return m_len; }
+    void columns(dlColumns& c) override { c << m_len; }
 
 private:
-    dlVector& m_work;
-    dlVector& m_saved;
-    int m_dataSize;
+    dlVector& m_src;
+    dlVector& m_dst;
+    dlInPlace& m_inPlace;
+    kvStepIterator<int>& m_len;
+    const double m_low;
+    const double m_high;
 };
 
 #endif

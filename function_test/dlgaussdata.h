@@ -2,31 +2,12 @@
 // and the argument lists of their calls.
 //
 // A MultiMix function scores one frame against `rows` mixture components;
-// the others score `rows` frames against one component. `_D2` data of many
-// rows lie in one buffer, `stride` elements a row; `_D2L` data lie in a
-// matrix that the call takes by its row table.
+// the others score `rows` frames against one component, in either layout
+// of rows (dlrows.h).
 #ifndef DL_GAUSSDATA_H
 #define DL_GAUSSDATA_H
 
-#include "dltest.h"
-#include "dlvector.h"
-
-// How one object is filled: a mode, and the constant of SET_VALUE.
-struct dlFill {
-    SetMode mode;
-    double value;
-};
-const dlFill dlFillZero = {SET_ZERO, 0.0};
-const dlFill dlFillOne = {SET_ONE, 0.0};
-const dlFill dlFillTwo = {SET_VALUE, 2.0};
-
-// `rows` rows of `cols` elements in the layout of the name: the matrix for
-// `_D2L`, else `rows * stride` elements of the flat vector.
-inline bool dlCreateRows(bool d2l, dlVector& flat, dlrMatrice& matrix, int rows, int cols,
-                         int stride, dlFill fill) {
-    if (d2l) return matrix.createMatrice(rows, cols, fill.mode, fill.value, 0.0);
-    return flat.createVector(dlProduct(rows, stride), fill.mode, fill.value, 0.0);
-}
+#include "dlrows.h"
 
 // The frame, mean and variance of a scoring call, each held by the module
 // as a vector (a single row, or `_D2` rows) and as a matrix (`_D2L` rows).
@@ -79,11 +60,6 @@ private:
     dlrMatrice& m_varRows;
 };
 
-// The row step column: the step of `_D2` data, "-" for `_D2L` data.
-inline dlItem dlStrideItem(const char* name, bool d2l, int stride) {
-    return d2l ? dlItem(name, "-") : dlItem(name, stride);
-}
-
 // Argument lists of the scoring calls, with the module's `rows`, `cols` and
 // `stride`. `mix` is the mixture in parentheses: mean and variance, or the
 // mean alone in an IdVar form. `out` is the result in parentheses: dst, or
@@ -106,5 +82,19 @@ inline dlItem dlStrideItem(const char* name, bool d2l, int stride) {
 
 #define DL_GAUSS_MULTIMIX_D2L(mixRows, src, out, ...)                                  \
     (DL_GAUSS_LIST mixRows, src, cols, DL_GAUSS_LIST out, rows __VA_OPT__(, ) __VA_ARGS__)
+
+// Both layouts of a form, registered `form`_D2`tail` then `form`_D2L`tail`:
+// the frames are the module's `srcVector` or the rows of `mSrc`; a MultiMix
+// mixture is `vMean`, `vVar` or the rows of `mMean`, `mVar`.
+#define DL_REG_GAUSS_PAIR(Class, form, tail, mix, out, ...)                              \
+    DL_REG(Class, form##_D2##tail,                                                       \
+           DL_GAUSS_D2(srcVector, mix, out __VA_OPT__(, ) __VA_ARGS__));                 \
+    DL_REG(Class, form##_D2L##tail, DL_GAUSS_D2L(mSrc, mix, out __VA_OPT__(, ) __VA_ARGS__))
+
+#define DL_REG_MULTIMIX_PAIR(Class, form, tail, out, ...)                                    \
+    DL_REG(Class, form##_D2##tail,                                                           \
+           DL_GAUSS_MULTIMIX_D2((vMean, vVar), srcVector, out __VA_OPT__(, ) __VA_ARGS__));  \
+    DL_REG(Class, form##_D2L##tail,                                                          \
+           DL_GAUSS_MULTIMIX_D2L((mMean, mVar), srcVector, out __VA_OPT__(, ) __VA_ARGS__))
 
 #endif

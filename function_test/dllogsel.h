@@ -1,80 +1,12 @@
-// dllogsel.h: what the log-domain and selection modules share: list
-// parameters of named values, the restore of an in-place buffer, and the
-// data rules of the modules that have an idea of their own (the sparse sign
-// table, the bounds of fixed-point log values, the planted maximum).
+// dllogsel.h: what the log-domain and selection modules share: the data
+// rules of the modules that have an idea of their own (the sparse sign
+// table, the bounds of fixed-point log values, the planted maximum), and
+// the class of the log-add modules.
 #ifndef DL_LOGSEL_H
 #define DL_LOGSEL_H
 
-#include <cstring>
-#include <initializer_list>
-
-#include "dltest.h"
+#include "dl.h"
 #include "dltypes.h"
-#include "dlvector.h"
-#include "kvistream.h"
-#include "kvparameter.h"
-
-// A value of a map parameter and the word that shows it.
-struct dlNamedValue {
-    int value;
-    kvString name;
-};
-
-// A map parameter with its values in the order given, each allowed and
-// shown by its word, then read from input.
-inline void dlMapList(kvMapIterator<int>& it, const char* name,
-                      std::initializer_list<dlNamedValue> values) {
-    it.resetMap();
-    it.init(name);
-    it.initValidation();
-    for (const dlNamedValue& v : values) {
-        it.addValidation(v.value, v.name);
-        it.add(v.value);
-    }
-    it.fromIStream(g_istrm);
-}
-
-// The same with each value shown by its decimal text.
-inline void dlMapNumbers(kvMapIterator<int>& it, const char* name,
-                         std::initializer_list<int> values) {
-    it.resetMap();
-    it.init(name);
-    it.initValidation();
-    for (int v : values) {
-        kvString text;
-        text << v;
-        it.addValidation(v, text);
-        it.add(v);
-    }
-    it.fromIStream(g_istrm);
-}
-
-// A list parameter that keeps its values: no ini key, no question.
-template <class T>
-inline void dlFixedList(kvIterator<T>& it, const char* name, std::initializer_list<T> values) {
-    it.reset();
-    it.init(name);
-    for (T v : values) it.add(v);
-}
-
-// A walk that is not read from input (a nameless parameter of one value).
-inline void dlFixedStep(kvStepIterator<int>& it, const char* name, int first, int last, int step,
-                        char op) {
-    it.reset();
-    it.init(name, first, last, step, op);
-}
-
-// An empty column: nothing in the text line, "-" in the table.
-inline dlItem dlGap() {
-    static kvIterator<int> nameless;
-    return dlItem(nameless);
-}
-
-// Copies the saved input of an in-place call back over its work buffer.
-inline int dlRestore(dlVector& work, const dlVector& saved, int bytes) {
-    std::memcpy(work.getPointerAt(0), saved.getPointerAt(0), bytes);
-    return 0;
-}
 
 // The sparse sign table: for each of `frames` frames of `height` bytes the
 // first draws of `draws` mark their components, draw i for each i from 0
@@ -113,5 +45,37 @@ enum dlPlace { DL_PLACE_BEGIN = 0, DL_PLACE_END = 1, DL_PLACE_MIDDLE = 2 };
 inline int dlPlaceIndex(int place, int len) {
     return place == DL_PLACE_BEGIN ? 0 : place == DL_PLACE_END ? len - 1 : len / 2;
 }
+
+// The log-add modules: a length, the library's hint, and the scale factor
+// of the fixed-point (16s, 32s) forms. Columns: the length, the hint, three
+// empty, then the scale factor of a fixed-point form.
+class dlLogAddTest : public prTest {
+public:
+    template <class... Args>
+    dlLogAddTest(kvStepIterator<int>& len, kvMapIterator<int>& hint, kvParameter& scaleFactor,
+                 Args... args)
+        : prTest(args...), m_len(len), m_hint(hint), m_scaleFactor(scaleFactor) {}
+
+    double getDivisor() override { return m_len; }
+    void columns(dlColumns& c) override {
+        c << m_len << m_hint << dlGap() << dlGap() << dlGap();
+        c << (m_fixedPoint ? dlItem(m_scaleFactor) : dlGap());
+    }
+
+protected:
+    // The three hints by their words, all walked.
+    void readHint() {
+        dlMapList(m_hint, "Hint", {{0, HintStr[0]}, {1, HintStr[1]}, {2, HintStr[2]}});
+    }
+
+    const bool m_32s = m_name.found("32s");
+    const bool m_16s = m_name.found("16s");
+    const bool m_fixedPoint = m_16s || m_32s;
+
+private:
+    kvStepIterator<int>& m_len;
+    kvMapIterator<int>& m_hint;
+    kvParameter& m_scaleFactor;
+};
 
 #endif

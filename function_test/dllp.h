@@ -67,9 +67,9 @@ struct dlLagsData {
 // factor.
 class dlLagsTest : public prTest {
 public:
-    dlLagsTest(funcCall call, funcInit init, funcLoop loop, funcStat stat, kvString name,
-               kvString file, kvString info, const dlLagsData& data, int firstLen)
-        : prTest(call, init, loop, stat, name, file, info), m_data(data), m_firstLen(firstLen) {}
+    template <class... Args>
+    dlLagsTest(const dlLagsData& data, int firstLen, Args... args)
+        : prTest(args...), m_data(data), m_firstLen(firstLen) {}
 
     bool canStart() override;
     bool canContinue() override;

@@ -35,12 +35,11 @@ struct dlScoringModule {
     int count;
 };
 
-class dlScoringTest : public prTest {
+class dlScoringTest : public dlRowsTest {
 public:
     template <class... Args>
     dlScoringTest(dlScoringModule& module, Args... args)
-        : prTest(args...), m_module(module), m_d2l(m_name.found("D2L")),
-          m_multiMix(m_name.found("MultiMix")) {}
+        : dlRowsTest(args...), m_module(module), m_multiMix(m_name.found("MultiMix")) {}
 
     bool canStart() override {
         m_module.grid.read(m_func, "Rows", "Cols");
@@ -53,7 +52,7 @@ public:
         if (!m.grid.next(m_firstSet)) return false;
         m.rows = m.grid.rows;
         m.cols = m.grid.cols;
-        m.stride = m_d2l ? 0 : roundedStride(m.cols);
+        m.stride = layoutStride(m.cols);
         if (!m.data.create(m_multiMix, m_d2l, m.rows, m.cols, m.stride, m.frame, m.model))
             return false;
         for (int i = 0; i < m.count; ++i) {
@@ -69,21 +68,12 @@ public:
     double getDivisor() override { return m_module.cols * m_module.rows; }
     void columns(dlColumns& c) override {
         c << dlItem("rows", m_module.rows) << dlItem("cols", m_module.cols)
-          << dlStrideItem("stride", m_d2l, m_module.stride) << m_module.grid.scaleFactor;
+          << strideItem("stride", m_module.stride) << m_module.grid.scaleFactor;
     }
 
 private:
     dlScoringModule& m_module;
-    const bool m_d2l;
     const bool m_multiMix;
 };
-
-// The Tim class of one scoring module over its file-scope `module`.
-#define DL_SCORING_CLASS(Class)                                          \
-    class Class : public dlScoringTest {                                 \
-    public:                                                              \
-        template <class... Args>                                         \
-        Class(Args... args) : dlScoringTest(module, args...) {}          \
-    }
 
 #endif

@@ -64,6 +64,12 @@ private:
     kvString m_value;
 };
 
+// An empty column: nothing in the text line, "-" in the table.
+inline dlItem dlGap() {
+    static kvIterator<int> nameless;
+    return dlItem(nameless);
+}
+
 // The columns of a module, in its order.
 class dlColumns : public kvList<dlItem> {
 public:

@@ -1,6 +1,6 @@
 // Accumulation of a covariance matrix over the rows of a feature matrix.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_acccm_au");
 
@@ -9,9 +9,9 @@ static dlrMatrice mSrc, mDst;
 static kvStepIterator<int> height, width;
 static int srcStep, dstStep;
 
-class TimAcccm : public dlTrainTest {
+class TimAcccm : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(height, "height", 100, 10000, 100, '*');

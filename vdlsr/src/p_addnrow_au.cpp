@@ -29,12 +29,7 @@ public:
                pInd.createVector(rows1, -1) && pAddInd.createVector(rows1, -1) &&
                pDst.createVector(cols, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pInd.deleteVector();
-        pAddInd.deleteVector();
-        pDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pInd, &pAddInd, &pDst}); }
     double getDivisor() override { return rows1 * cols; }
     void columns(dlColumns& c) override { c << cols << dlItem("stride", stride) << rows1 << offset; }
 };

@@ -21,16 +21,14 @@ public:
 
     bool canStart() override {
         dlStep(len, "Lenght", 32, 40, 2, '+');
-        for (dlVector* v : {&pSrcMean1, &pSrcVar1, &pSrcMean2, &pSrcVar2}) v->init(m_func, 1);
+        dlInitAll({&pSrcMean1, &pSrcVar1, &pSrcMean2, &pSrcVar2}, m_func);
         return true;
     }
     bool canContinue() override {
         return stepOdometer({&len}) &&
                dlCreateShifted({&pSrcMean1, &pSrcVar1, &pSrcMean2, &pSrcVar2}, len, 0, SET_ONE);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrcMean1, &pSrcVar1, &pSrcMean2, &pSrcVar2}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrcMean1, &pSrcVar1, &pSrcMean2, &pSrcVar2}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len; }
 };

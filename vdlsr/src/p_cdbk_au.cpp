@@ -26,19 +26,18 @@ public:
         dlStep(height, "Hength", 50, 250, 2, '*');
         dlStep(step, "Step", 1, 10, 2, '*');
         if (m_thresh) {
-            dlStep(height_int, "", 1, 1, 1, '+');
+            dlOne(height_int);
             dlStep(height_flt, "height_flt", 1.5f, 2.5f, 1.5f, '*');
         } else if (m_sort) {
             dlStep(height_int, "height_int", 3, 10, 2, '*');
-            dlStep(height_flt, "", 1.0f, 1.0f, 1.0f, '+');
+            dlOne(height_flt);
         } else {
-            dlStep(height_int, "", 1, 1, 1, '+');
-            dlStep(height_flt, "", 1.0f, 1.0f, 1.0f, '+');
+            dlOne(height_int);
+            dlOne(height_flt);
         }
         dlScale(scaleFactor, m_func);
         dlCdbkHint(hint, {vdlCdbkHintFull, vdlCdbkHintKmeansLong, vdlCdbkHintKmeansNum});
-        pSrc.init(m_func, 1);
-        pWgt.init(m_func, 1);
+        dlInitAll({&pSrc, &pWgt}, m_func);
         pIndx.init(dlFunc("_32s_"), 1);
         pDist.init(m_func, DL_DST1);
         return true;
@@ -59,11 +58,11 @@ public:
         *handle() = 0;  // a creation test leaves the handle of a freed codebook
         m_status = dlCdbkCreate(m_f32, handle(), pSrc, 0, step, height, nClust, hint);
         if (m_status == vdlStsNoErr) return true;
-        dlCdbkCreateError("\n Error in create codebook code\n");
+        dlError("\n Error in create codebook code\n");
         return false;
     }
     void flushData() override {
-        for (dlVector* v : {&pSrc, &pWgt, &pIndx, &pDist}) v->deleteVector();
+        dlDeleteAll({&pSrc, &pWgt, &pIndx, &pDist});
         if (m_single) dlCdbkFree(m_f32, handle());
     }
     double getDivisor() override { return (double)height * height_int * Num; }

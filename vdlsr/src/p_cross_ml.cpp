@@ -17,8 +17,7 @@ public:
         dlStep(minLen, "minLen", 100, 150, 10, '+');
         dlStep(maxLen, "maxLen", 150, 200, 10, '+');
         dlStep(ItDec, "ItDec", 1, 4, 3, '+');
-        pSrc1.init(m_func, 1);
-        pSrc2.init(m_func, 1);
+        dlInitAll({&pSrc1, &pSrc2}, m_func);
         pDst.init(m_func, DL_DST1);
         pDstBeta.init(m_func, DL_DST1);
         return true;
@@ -30,17 +29,14 @@ public:
             return false;
         // The search's output count divides by the decimation step.
         if (m_decim && ItDec < 1) {
-            g_ostrm << ERR << "-- ItDec must be 1 or more\n" << endMsg;
+            dlError("-- ItDec must be 1 or more\n");
             return false;
         }
-        return pSrc1.createVector(maxLen + Len, SET_RANDOM, 0, 0) &&
-               pSrc2.createVector(maxLen + Len, SET_RANDOM, 0, 0) &&
+        return dlCreateAll({&pSrc1, &pSrc2}, maxLen + Len, SET_RANDOM) &&
                pDst.createVector(m_decim ? (maxLen - minLen) / ItDec + 2 : 1, SET_ZERO, 0, 0) &&
                pDstBeta.createVector(1, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc1, &pSrc2, &pDst, &pDstBeta}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc1, &pSrc2, &pDst, &pDstBeta}); }
     double getDivisor() override { return Len; }
     void columns(dlColumns& c) override {
         c << Len;

@@ -1,7 +1,6 @@
 // Decision-tree clustering: the sums of a cluster accumulated from its
 // Gaussians, and the cluster's log-likelihood computed from them.
 #include "dl.h"
-#include "dltrain.h"
 
 DL_MODULE("vdlsr/src/p_dcl_au");
 
@@ -21,7 +20,7 @@ public:
     bool canContinue() override {
         return stepOdometer({&len}) && pMean.createVector(len, SET_VALUE, 4.0, 0) &&
                pVar.createVector(len, SET_VALUE, 40.0, 0) &&
-               pDstSum.createVector(len, SET_ZERO, 0, 0) && pDstSqr.createVector(len, SET_ZERO, 0, 0);
+               dlCreateAll({&pDstSum, &pDstSqr}, len, SET_ZERO);
     }
     void flushData() override { dlDeleteAll({&pMean, &pVar, &pDstSum, &pDstSqr}); }
     double getDivisor() override { return len; }

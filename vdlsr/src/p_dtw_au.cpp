@@ -56,7 +56,7 @@ public:
         dlStep(delta, "Delta", 0, 3, 3, '+');
         dlStep(beam, "Beam", 50, 1000, 950, '+');
         dlScale(scaleFactor, m_func, -10);
-        for (dlVector* v : {(dlVector*)&mSrc1, (dlVector*)&mSrc2, &pSrc1, &pSrc2}) v->init(m_func, 1);
+        dlInitAll({&mSrc1, &mSrc2, &pSrc1, &pSrc2}, m_func);
         pDist.init(m_func, DL_DST1);
         return true;
     }
@@ -82,8 +82,7 @@ public:
             mSrc2.deleteMatrice();
             mSrc1.deleteMatrice();
         } else {
-            pSrc2.deleteVector();
-            pSrc1.deleteVector();
+            dlDeleteAll({&pSrc2, &pSrc1});
         }
         pDist.deleteVector();
     }

@@ -9,13 +9,7 @@ static kvStepIterator<int> len;
 static dlScaleIterator scaleFactor;
 static dlLpError pErr;
 
-class TimLDurb : public dlLagsTest {
-public:
-    TimLDurb(funcCall call, funcInit init, funcLoop loop, funcStat stat, kvString name,
-             kvString file, kvString info)
-        : dlLagsTest(call, init, loop, stat, name, file, info,
-                     {src, dst, src_float, tmp, len, scaleFactor}, 2) {}
-};
+DL_CLASS(TimLDurb, dlLagsTest, {src, dst, src_float, tmp, len, scaleFactor}, 2);
 
 DL_REG(TimLDurb, vdlsDurbin_32f, (src, dst, len, &pErr.f));
 DL_REG(TimLDurb, vdlsDurbin_16s_Sfs, (src, dst, len, &pErr.s, scaleFactor.value()));

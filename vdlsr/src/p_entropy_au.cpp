@@ -22,10 +22,7 @@ public:
         return stepOdometer({&scaleFactor, &len}) && pSrc.createVector(len, SET_ONE, 0, 0) &&
                pResult.createVector(1, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pResult.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pResult}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len << scaleFactor; }
 };

@@ -16,18 +16,13 @@ public:
     bool canStart() override {
         dlStep(len, "Length", 4, 512, 2, '*');
         dlScale(scaleFactor, m_func, -15);
-        pSrc.init(m_func, 1);
-        pDst.init(m_func, 1);
+        dlInitAll({&pSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
-        return stepOdometer({&len, &scaleFactor}) && pSrc.createVector(len, SET_ZERO, 0, 0) &&
-               pDst.createVector(len, SET_ZERO, 0, 0);
+        return stepOdometer({&len, &scaleFactor}) && dlCreateAll({&pSrc, &pDst}, len, SET_ZERO);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len << scaleFactor; }
 };

@@ -15,16 +15,15 @@ public:
     bool canStart() override {
         dlStep(len, "Length", 4, 512, 2, '*');
         dlScale(scaleFactor, m_func, -10);
-        for (dlVector* v : {&pSrc1, &pSrc2, &pDst}) v->init(m_func, 1);
+        dlInitAll({&pSrc1, &pSrc2, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
-        return stepOdometer({&len, &scaleFactor}) && pSrc1.createVector(len, SET_RANDOM, 10, 30) &&
-               pSrc2.createVector(len, SET_RANDOM, 10, 30) && pDst.createVector(len, SET_ZERO, 0, 0);
+        return stepOdometer({&len, &scaleFactor}) &&
+               dlCreateAll({&pSrc1, &pSrc2}, len, SET_RANDOM, 10, 30) &&
+               pDst.createVector(len, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc1, &pSrc2, &pDst}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc1, &pSrc2, &pDst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len << scaleFactor; }
 };

@@ -19,15 +19,15 @@ public:
     bool canStart() override {
         if (m_4i || m_2i) {
             dlStep(len, "Lenght", 16, 100, 8, '+');
-            dlStep(nStream, "", 1, 1, 1, '+');
+            dlOne(nStream);
         } else {
             dlStep(nStream, "nStream", 4, 12, 2, '+');
-            dlStep(len, "", 1, 1, 1, '+');
+            dlOne(len);
         }
         pInd.init(m_func, 1);
         pDst.init(m_func, DL_DST1);
         mSrc.init(m_func, DL_DST1);
-        for (dlVector* v : {&heights, &widths, &steps}) v->init(dlFunc("_32s_"), 1);
+        dlInitAll({&heights, &widths, &steps}, dlFunc("_32s_"));
         return true;
     }
     bool canContinue() override {
@@ -41,7 +41,7 @@ public:
                mSrc.createMatrice(indexCount, dstLength, SET_ZERO, 0, 0);
     }
     void flushData() override {
-        for (dlVector* v : {&pInd, &pDst, &heights, &widths, &steps}) v->deleteVector();
+        dlDeleteAll({&pInd, &pDst, &heights, &widths, &steps});
         mSrc.deleteMatrice();
     }
     double getDivisor() override { return len; }

@@ -10,8 +10,7 @@ static int srcStep;
 
 class TimFormVQ : public dlCdbkSplitTest {
 public:
-    template <class... Args>
-    TimFormVQ(Args... args) : dlCdbkSplitTest(data, 2, args...) {}
+    DL_CTOR(TimFormVQ, dlCdbkSplitTest, data, 2)
 
 protected:
     void initBuffers() override {
@@ -29,8 +28,7 @@ protected:
         return pFV_Dst.createVector(vectorLength(), SET_ZERO, 0, 0);
     }
     void flushBuffers() override {
-        pFV_Src.deleteVector();
-        pFV_Dst.deleteVector();
+        dlDeleteAll({&pFV_Src, &pFV_Dst});
         if (m_1u) pFV_Src1.deleteVector();
     }
 

@@ -2,7 +2,8 @@
 // and the integer forms; the "16s16s32s" form keeps a 16-bit mean beside a
 // 32-bit variance.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlrows.h"
+#include "dlshifted.h"
 
 DL_MODULE("vdlsr/src/p_gbt_au");
 
@@ -12,9 +13,9 @@ static kvStepIterator<int> rows, cols;
 static dlScaleIterator scaleFactor;
 static int stride;
 
-class TimGbt : public dlTrainTest {
+class TimGbt : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(rows, "Rows", 200, 400, 50, '+');

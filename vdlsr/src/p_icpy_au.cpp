@@ -1,6 +1,6 @@
 // Copy of the columns of a matrix picked by an index list.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_icpy_au");
 
@@ -9,9 +9,9 @@ static dlrMatrice mSrc, mDst;
 static kvStepIterator<int> height, dstStep, srcStep;
 static int srcLen, dstLen;
 
-class TimICpy : public dlTrainTest {
+class TimICpy : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(height, "height", 2, 16, 2, '+');

@@ -21,10 +21,7 @@ public:
         return stepOdometer({&lenSrc}) && pSrc.createVector(lenSrc, SET_RANDOM, 0, -1.0) &&
                pDst.createVector(1, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDst}); }
     double getDivisor() override { return lenSrc; }
     void columns(dlColumns& c) override { c << lenSrc; }
 };

@@ -13,7 +13,7 @@ public:
 
     bool canStart() override {
         dlStep(len, "Length", 32, 1024, 2, '*');
-        for (dlVector* v : {&pSrc, &pSrc1, &pDst}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pSrc1, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
@@ -22,9 +22,7 @@ public:
                pSrc1.createVector(len, SET_RANDOM, 0.0, 1073741824.0) &&
                pDst.createVector(len, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc, &pSrc1, &pDst}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pSrc1, &pDst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len; }
 };

@@ -10,9 +10,9 @@ static kvStepIterator<int> len;
 static kvMapIterator<int> scaleFactor;
 static kvMapIterator<int> hint;
 
-class TimLAdd : public prTest {
+class TimLAdd : public dlLogAddTest {
 public:
-    using prTest::prTest;
+    DL_CTOR(TimLAdd, dlLogAddTest, len, hint, scaleFactor)
 
     bool canStart() override {
         dlStep(len, "Lenght", 8, 24, 8, '+');
@@ -22,30 +22,16 @@ public:
             dlMapNumbers(scaleFactor, "scaleFactor", {-1, 0, 8, 16, 24});
         else
             dlMapNumbers(scaleFactor, "scaleFactor", {1});
-        dlMapList(hint, "Hint", {{0, HintStr[0]}, {1, HintStr[1]}, {2, HintStr[2]}});
-        src.init(m_func, 1);
-        dst.init(m_func, 1);
+        readHint();
+        dlInitAll({&src, &dst}, m_func);
         return true;
     }
     bool canContinue() override {
         if (!stepOdometer({&scaleFactor, &hint, &len})) return false;
-        const dlLogBounds bounds(m_16s || m_32s, scaleFactor);
-        return src.createVector(len, SET_RANDOM, bounds.low, bounds.high) &&
-               dst.createVector(len, SET_RANDOM, bounds.low, bounds.high);
+        const dlLogBounds bounds(m_fixedPoint, scaleFactor);
+        return dlCreateAll({&src, &dst}, len, SET_RANDOM, bounds.low, bounds.high);
     }
-    void flushData() override {
-        src.deleteVector();
-        dst.deleteVector();
-    }
-    double getDivisor() override { return len; }
-    void columns(dlColumns& c) override {
-        c << len << hint << dlGap() << dlGap() << dlGap();
-        c << (m_16s || m_32s ? dlItem(scaleFactor) : dlGap());
-    }
-
-private:
-    const bool m_32s = m_name.found("32s");
-    const bool m_16s = m_name.found("16s");
+    void flushData() override { dlDeleteAll({&src, &dst}); }
 };
 
 DL_REG(TimLAdd, vdlsLogAdd_64f, (src, dst, len, (VdlHintAlgorithm)hint.value()));

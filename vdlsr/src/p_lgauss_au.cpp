@@ -17,7 +17,7 @@ static int rows, cols, stride;
 // Frame fill, model fill, then the per-row vectors with theirs.
 static dlScoringModule module(data, grid, rows, cols, stride,
                               dlFillZero, dlFillZero, {{&dst, dlFillZero}});
-DL_SCORING_CLASS(TimLGauss);
+DL_CLASS(TimLGauss, dlScoringTest, module);
 
 DL_REG(TimLGauss, vdlsLogGauss_32f_D2,
        DL_GAUSS_D2(srcVector, (meanVector, varVector), (dst), 0.5f));

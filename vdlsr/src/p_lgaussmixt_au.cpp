@@ -12,17 +12,13 @@ static dlTwoGrid grid;
 static dlrScaleIterator& scaleFactor = grid.scaleFactor;
 static int height, width, step;
 
-class TimLogGMixt : public prTest {
+class TimLogGMixt : public dlRowsTest {
 public:
-    using prTest::prTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         grid.read(m_func, "height", "width");
-        pSrc.init(m_func, 1);
-        pMean.init(m_func, 1);
-        pVar.init(m_func, 1);
-        mMean.init(m_func, 1);
-        mVar.init(m_func, 1);
+        dlInitAll({&pSrc, &pMean, &pVar, &mMean, &mVar}, m_func);
         pVal.init(m_func, DL_DST1);
         pResult.init(m_func, DL_DST1);
         return true;
@@ -31,29 +27,20 @@ public:
         if (!grid.next(m_firstSet)) return false;
         height = grid.rows;
         width = grid.cols;
-        step = m_d2l ? 0 : roundedStride(width);
+        step = layoutStride(width);
         return pSrc.createVector(width, SET_VALUE, 2.0, 0) &&
-               dlCreateRows(m_d2l, pMean, mMean, height, width, step, dlFillTwo) &&
-               dlCreateRows(m_d2l, pVar, mVar, height, width, step, dlFillTwo) &&
+               createRows(pMean, mMean, height, width, step, dlFillTwo) &&
+               createRows(pVar, mVar, height, width, step, dlFillTwo) &&
                pVal.createVector(height, SET_VALUE, 2.0, 0) && pResult.createVector(1, -1);
     }
     void flushData() override {
-        pSrc.deleteVector();
-        pMean.deleteVector();
-        pVar.deleteVector();
-        mMean.deleteMatrice();
-        mVar.deleteMatrice();
-        pVal.deleteVector();
-        pResult.deleteVector();
+        dlDeleteAll({&pSrc, &pMean, &pVar, &pVal, &pResult}, {&mMean, &mVar});
     }
     double getDivisor() override { return width * height; }
     void columns(dlColumns& c) override {
-        c << dlItem("height", height) << dlItem("width", width) << dlStrideItem("step", m_d2l, step)
+        c << dlItem("height", height) << dlItem("width", width) << strideItem("step", step)
           << scaleFactor;
     }
-
-private:
-    const bool m_d2l = m_name.found("D2L");
 };
 
 DL_REG(TimLogGMixt, vdlsLogGaussMixture_Scaled_16s32f_D2,

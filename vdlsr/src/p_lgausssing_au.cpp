@@ -14,25 +14,18 @@ public:
     bool canStart() override {
         dlStep(len, "Lenght", 30, 68, 2, '+');
         dlScale(scaleFactor, m_func);
-        src.init(m_func, 1);
-        mean.init(m_func, 1);
-        var.init(m_func, 1);
+        dlInitAll({&src, &mean, &var}, m_func);
         dst.init(m_func, DL_DST1);
         return true;
     }
     bool canContinue() override {
         // A variance given directly is a divisor, so it must not be zero.
         return stepOdometer({&scaleFactor, &len}) &&
-               src.createVector(len, SET_ZERO, 0, 0) && mean.createVector(len, SET_ZERO, 0, 0) &&
+               dlCreateAll({&src, &mean}, len, SET_ZERO) &&
                var.createVector(len, m_directVar ? SET_ONE : SET_ZERO, 0, 0) &&
                dst.createVector(len, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        src.deleteVector();
-        mean.deleteVector();
-        var.deleteVector();
-        dst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&src, &mean, &var, &dst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len << scaleFactor; }
 

@@ -26,8 +26,7 @@ public:
     bool canStart() override {
         dlStep(nBlocks, "nBlocks", 1, 3, 1, '+');
         dlStep(blocksize, "Block size", 1, 120, 29, '+');
-        src.init(m_func, 1);
-        mean.init(m_func, 1);
+        dlInitAll({&src, &mean}, m_func);
         dst.init(m_func, DL_DST1);
         mSrcVar.init(m_func, 1);
         return true;
@@ -43,9 +42,7 @@ public:
     }
     void flushData() override {
         freeState();
-        src.deleteVector();
-        mean.deleteVector();
-        dst.deleteVector();
+        dlDeleteAll({&src, &mean, &dst});
         mSrcVar.deleteMatrice();
     }
     double getDivisor() override { return blocksize * blocksize * nBlocks; }

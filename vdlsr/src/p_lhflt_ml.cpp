@@ -16,18 +16,16 @@ public:
         dlStep(len, "len", 70, 100, 10, '+');
         dlStep(tabslen, "tabslen", 100, 120, 4, '+');
         dlScale(scaleFactor, m_func);
-        for (dlVector* v : {&pSrc, &pTabs, &pDstH, &pDstL}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pTabs, &pDstH, &pDstL}, m_func);
         return true;
     }
     bool canContinue() override {
         return stepOdometer({&scaleFactor, &len, &tabslen}) &&
                pSrc.createVector(tabslen + 2 * len, SET_ZERO, 0, 0) &&
-               pTabs.createVector(tabslen, SET_ZERO, 0, 0) && pDstH.createVector(len, SET_ZERO, 0, 0) &&
-               pDstL.createVector(len, SET_ZERO, 0, 0);
+               pTabs.createVector(tabslen, SET_ZERO, 0, 0) &&
+               dlCreateAll({&pDstH, &pDstL}, len, SET_ZERO);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc, &pTabs, &pDstH, &pDstL}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pTabs, &pDstH, &pDstL}); }
     double getDivisor() override { return len * tabslen; }
     void columns(dlColumns& c) override { c << len << tabslen << scaleFactor; }
 };

@@ -16,8 +16,7 @@ public:
     bool canStart() override {
         dlStep(len, "Lenght", 2, 13, 1, '+');
         dlScale(scaleFactor, m_func, -14, -13, -12, -11);
-        pSrc.init(m_func, 1);
-        pDst.init(m_func, 1);
+        dlInitAll({&pSrc, &pDst}, m_func);
         src_float.init(dlFunc("_32f_"), 1);
         return true;
     }
@@ -38,11 +37,7 @@ public:
             dlSine(pSrc, len, 10000.0);
         }
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pDst.deleteVector();
-        src_float.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDst, &src_float}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len << scaleFactor; }
 

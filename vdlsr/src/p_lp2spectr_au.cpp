@@ -17,7 +17,7 @@ public:
     bool canStart() override {
         dlStep(order, "Order", 2, 8, 1, '+');
         dlScale(scaleFactor, m_func, 9);
-        for (dlVector* v : {&pSrc, &pTmp_Src, &pDst}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pTmp_Src, &pDst}, m_func);
         pSrc_float.init(dlFunc("_32f_"), 1);
         pSrc_short.init(dlFunc("_16s_"), 1);
         pTmp.init(dlFunc("_32f_"), 1);
@@ -27,8 +27,7 @@ public:
         if (!stepOdometer({&scaleFactor, &order})) return false;
         const int points = 1 << (order + 1);
         len = points - 2;
-        for (dlVector* v : {&pSrc, &pTmp_Src, &pSrc_float, &pSrc_short, &pDst})
-            if (!v->createVector(points, SET_ZERO, 0, 0)) return false;
+        if (!dlCreateAll({&pSrc, &pTmp_Src, &pSrc_float, &pSrc_short, &pDst}, points, SET_ZERO)) return false;
         if (!pTmp.createVector(tmpLen, SET_ZERO, 0, 0)) return false;
         setData();
         return true;
@@ -46,7 +45,7 @@ public:
         }
     }
     void flushData() override {
-        for (dlVector* v : {&pSrc, &pTmp_Src, &pSrc_float, &pSrc_short, &pDst, &pTmp}) v->deleteVector();
+        dlDeleteAll({&pSrc, &pTmp_Src, &pSrc_float, &pSrc_short, &pDst, &pTmp});
     }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << dlItem("len", len) << scaleFactor; }

@@ -34,8 +34,7 @@ public:
     bool canStart() override {
         dlStep(length, "Length", 10, 20, 5, '+');
         nInt = 6 * length;
-        lpSrc.init(m_func, 1);
-        lspDst.init(m_func, 1);
+        dlInitAll({&lpSrc, &lspDst}, m_func);
         return true;
     }
     bool canContinue() override {
@@ -57,10 +56,7 @@ public:
         }
         if (table) std::memcpy(lpSrc.getPointerAt(0), table, length * dlVector::item(m_func));
     }
-    void flushData() override {
-        lpSrc.deleteVector();
-        lspDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&lpSrc, &lspDst}); }
     double getDivisor() override { return length; }
     void columns(dlColumns& c) override { c << length << dlItem("scaleFactor", scaleFactor); }
 

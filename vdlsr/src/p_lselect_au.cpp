@@ -1,7 +1,7 @@
 // Mixture scores of frames over only the components that a sparse sign
 // table marks: about one in n_sign components of a frame is scored.
 #include "dl.h"
-#include "dlgaussdata.h"
+#include "dlrows.h"
 #include "dllogsel.h"
 
 DL_MODULE("vdlsr/src/p_lselect_au");
@@ -15,17 +15,16 @@ static dlrScaleIterator scaleFactor;
 static int step;
 static float val = 1.0f;
 
-class TimLSelect : public prTest {
+class TimLSelect : public dlRowsTest {
 public:
-    using prTest::prTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(width, "Width", 36, 40, 3, '+');
         dlStep(height, "Height", 8, 20, 4, '+');
         dlStep(frames, "Frames", 8, 20, 4, '+');
         dlFixedList(n_sign, "n_sign", {1.0, 2.0, 2.5, 3.3, 5.0});
-        for (dlrMatrice* m : {&mSrc, &mMean, &mVar}) m->init(m_func, 1);
-        for (dlVector* v : {&pSrc, &pMean, &pVar}) v->init(m_func, 1);
+        dlInitAll({&mSrc, &mMean, &mVar, &pSrc, &pMean, &pVar}, m_func);
         pVal.init(m_func, DL_DST1);
         pResult.init(m_func, DL_DST1);
         pSign.init(dlFunc("_8u_"), 1);
@@ -34,17 +33,14 @@ public:
     }
     bool canContinue() override {
         if (!stepOdometer({&width, &height, &frames, &n_sign})) return false;
-        step = m_d2l ? 0 : roundedStride(width);
-        bool made = m_d2l ? mSrc.createMatrice(frames, width, SET_ONE, 0, 0) &&
-                                mMean.createMatrice(height, width, SET_ONE, 0, 0) &&
-                                mVar.createMatrice(height, width, SET_ONE, 0, 0)
-                          : pSrc.createVector(frames * step, SET_ONE, 0, 0) &&
-                                pMean.createVector(height * step, SET_ONE, 0, 0) &&
-                                pVar.createVector(height * step, SET_ONE, 0, 0);
-        made = made && pVal.createVector(height, SET_ONE, 0, 0) &&
-               pSign.createVector(frames * height, SET_ZERO, 0, 0) &&
-               pResult.createVector(frames, SET_ZERO, 0, 0) &&
-               vec_rand.createVector(drawCount(), SET_RANDOM, 1.0, height);
+        step = layoutStride(width);
+        bool made = createRows(pSrc, mSrc, frames, width, step, dlFillOne) &&
+                    createRows(pMean, mMean, height, width, step, dlFillOne) &&
+                    createRows(pVar, mVar, height, width, step, dlFillOne) &&
+                    pVal.createVector(height, SET_ONE, 0, 0) &&
+                    pSign.createVector(frames * height, SET_ZERO, 0, 0) &&
+                    pResult.createVector(frames, SET_ZERO, 0, 0) &&
+                    vec_rand.createVector(drawCount(), SET_RANDOM, 1.0, height);
         if (made) setDataSign();
         return made;
     }
@@ -52,21 +48,18 @@ public:
         dlPlantSigns(pSign, vec_rand, drawCount(), frames, height, n_sign);
     }
     void flushData() override {
-        for (dlVector* v : {&pSrc, &pMean, &pVar, &pVal, &pSign, &pResult, &vec_rand})
-            v->deleteVector();
-        for (dlrMatrice* m : {&mSrc, &mMean, &mVar}) m->deleteMatrice();
+        dlDeleteAll({&pSrc, &pMean, &pVar, &pVal, &pSign, &pResult, &vec_rand},
+                    {&mSrc, &mMean, &mVar});
     }
     double getDivisor() override { return (double)height * width * frames; }
     void columns(dlColumns& c) override {
-        c << height << width << dlStrideItem("step", m_d2l, step) << frames << n_sign
+        c << height << width << strideItem("step", step) << frames << n_sign
           << scaleFactor;
     }
 
 private:
     // frames * height / n_sign, the quotient in floating point, truncated.
     static int drawCount() { return (int)(frames * height / n_sign); }
-
-    const bool m_d2l = m_name.found("D2L");
 };
 
 DL_REG(TimLSelect, vdlsLogGaussMixture_Select_32f_D2,

@@ -19,7 +19,7 @@ public:
 
     bool canStart() override {
         if (m_var)
-            dlFixedStep(num, "", 1, 1, 1, '+');
+            dlOne(num);
         else
             dlStep(num, "Num", 1, 5, 4, '+');
         dlStep(clust, "Clust", 64, 256, 2, '*');
@@ -27,8 +27,7 @@ public:
         dlStep(height, "Comps", 6, 24, 2, '*');
         pIndx.init(dlFunc("_32s"), 1);
         pNum.init(dlFunc("_32s"), 1);
-        pSign.init(m_func, 1);
-        mShortlist.init(m_func, 1);
+        dlInitAll({&pSign, &mShortlist}, m_func);
         return true;
     }
     bool canContinue() override {
@@ -53,8 +52,7 @@ public:
     void flushData() override {
         pNum.deleteVector();
         mShortlist.deleteMatrice();
-        pSign.deleteVector();
-        pIndx.deleteVector();
+        dlDeleteAll({&pSign, &pIndx});
     }
     double getDivisor() override { return (double)num * clust * len_pIndx; }
     void columns(dlColumns& c) override { c << num << clust << shift << height; }

@@ -14,8 +14,7 @@ public:
 
     bool canStart() override {
         dlStep(length, "Length", 4, 19, 1, '+');
-        LSPSrc.init(m_func, 1);
-        pDst.init(m_func, 1);
+        dlInitAll({&LSPSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
@@ -35,10 +34,7 @@ public:
             SortVector((dl32f*)LSPSrc, 0, length - 1);
         }
     }
-    void flushData() override {
-        LSPSrc.deleteVector();
-        pDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&LSPSrc, &pDst}); }
     double getDivisor() override { return length; }
     void columns(dlColumns& c) override { c << length << dlItem("scale", scale); }
 

@@ -15,18 +15,14 @@ public:
     bool canStart() override {
         dlStep(len, "Lenght", 8, 46, 4, '+');
         dlScale(scaleFactor, m_name);
-        src.init(m_func, 1);
-        dst.init(m_func, 1);
+        dlInitAll({&src, &dst}, m_func);
         return true;
     }
     bool canContinue() override {
         return stepOdometer({&len}) && src.createVector(len, SET_VALUE, 15.0, 0) &&
                dst.createVector(len, SET_VALUE, 6.900000095367432, 0);
     }
-    void flushData() override {
-        src.deleteVector();
-        dst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&src, &dst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len << scaleFactor; }
 };

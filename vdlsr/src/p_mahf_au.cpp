@@ -2,6 +2,7 @@
 // one component (Single), many frames (_D2, _D2L) or many components
 // (MultiMix); and the accumulation of mean and variance sums.
 #include "dl.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_mahf_au");
 
@@ -20,46 +21,42 @@ public:
     bool canStart() override {
         if (m_single || m_meanVarAcc) {
             // One frame: the length is the only size, the column count stays 1.
-            dlStep(cols, "", 1, 1, 1, '+');
+            dlOne(cols);
             dlStep(rows, "Lenght", 30, 68, 2, '+');
         } else {
             dlStep(rows, "Rows", 8, 20, 2, '+');
             dlStep(cols, "Cols", 30, 40, 3, '+');
         }
         dlScale(scaleFactor, m_func);
-        for (dlVector* v : {&src, &var, &mean, &meanAcc, &varAcc, &mean1, &var1, &src1, &srcVector,
-                            &meanVector, &varVector})
-            v->init(m_func, 1);
-        for (dlrMatrice* m : {&srcMatrice, &meanMatrice, &varMatrice}) m->init(m_func, 1);
+        dlInitAll({&src, &var, &mean, &meanAcc, &varAcc, &mean1, &var1, &src1, &srcVector,
+                   &meanVector, &varVector, &srcMatrice, &meanMatrice, &varMatrice},
+                  m_func);
         dst.init(m_func, DL_DST1);
         return true;
     }
     bool canContinue() override {
         if (!stepOdometer({&scaleFactor, &rows, &cols})) return false;
-        bool made = src.createVector(rows, SET_ONE, 0, 0) && var.createVector(rows, SET_ONE, 0, 0) &&
-                    mean.createVector(rows, SET_ZERO, 0, 0) && dst.createVector(rows, SET_ZERO, 0, 0);
+        bool made = dlCreateAll({&src, &var}, rows, SET_ONE) &&
+                    dlCreateAll({&mean, &dst}, rows, SET_ZERO);
         if (made && m_meanVarAcc)
-            made = meanAcc.createVector(rows, SET_ZERO, 0, 0) && varAcc.createVector(rows, SET_ZERO, 0, 0);
-        made = made && mean1.createVector(cols, SET_ZERO, 0, 0) &&
-               var1.createVector(cols, SET_ZERO, 0, 0) && src1.createVector(cols, SET_ZERO, 0, 0) &&
+            made = dlCreateAll({&meanAcc, &varAcc}, rows, SET_ZERO);
+        made = made && dlCreateAll({&mean1, &var1, &src1}, cols, SET_ZERO) &&
                srcMatrice.createMatrice(rows, cols, SET_ZERO, 0, 0) &&
                meanMatrice.createMatrice(rows, cols, SET_ZERO, 0, 0) &&
                varMatrice.createMatrice(rows, cols, SET_ZERO, 0, 0);
         if (!made) return false;
         stride = m_single || m_meanVarAcc || m_d2l ? 0 : roundedStride(cols);
-        return stride == 0 || (srcVector.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0) &&
-                               meanVector.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0) &&
-                               varVector.createVector(dlProduct(rows, stride), SET_ZERO, 0, 0));
+        return stride == 0 ||
+               dlCreateAll({&srcVector, &meanVector, &varVector}, dlProduct(rows, stride), SET_ZERO);
     }
     void flushData() override {
-        for (dlVector* v : {&src, &var, &mean, &dst, &meanAcc, &varAcc, &mean1, &var1, &src1,
-                            &srcVector, &meanVector, &varVector})
-            v->deleteVector();
-        for (dlrMatrice* m : {&srcMatrice, &meanMatrice, &varMatrice}) m->deleteMatrice();
+        dlDeleteAll({&src, &var, &mean, &dst, &meanAcc, &varAcc, &mean1, &var1, &src1, &srcVector,
+                     &meanVector, &varVector},
+                    {&srcMatrice, &meanMatrice, &varMatrice});
     }
     double getDivisor() override { return rows * cols; }
     void columns(dlColumns& c) override {
-        c << rows << cols << (m_d2l ? dlItem("stride", "-") : dlItem("stride", stride)) << scaleFactor;
+        c << rows << cols << dlStrideItem("stride", m_d2l, stride) << scaleFactor;
     }
 
 private:

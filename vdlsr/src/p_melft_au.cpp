@@ -19,7 +19,7 @@ public:
             dlStep(lenDst, "LenghtDST", 300, 400, 10, '+');
         } else {
             dlStep(lenSrc, "Lenght", 20, 30, 2, '+');
-            dlStep(lenDst, "", 1, 1, 1, '+');
+            dlOne(lenDst);
         }
         dlScale(scaleFactor, m_func);
         dlInitAll({&pSrc, &pDst}, m_func);

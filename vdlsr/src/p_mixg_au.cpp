@@ -16,22 +16,17 @@ public:
 
     bool canStart() override {
         dlStep(len, "Length", 10, 48, 2, '+');
-        for (dlVector* v : {&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst})
-            v->init(m_func, 1);
+        dlInitAll({&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
         if (!stepOdometer({&len})) return false;
-        bool made = m_split ? pMean1.createVector(len, SET_ONE, 0, 0) &&
-                                  pVar1.createVector(len, SET_ONE, 0, 0) &&
-                                  pMean2.createVector(len, SET_ONE, 0, 0) &&
-                                  pVar2.createVector(len, SET_ONE, 0, 0)
+        bool made = m_split ? dlCreateAll({&pMean1, &pVar1, &pMean2, &pVar2}, len, SET_ONE)
                             : dlCreateShifted({&pMean1, &pVar1, &pMean2, &pVar2}, len, 0, SET_ONE);
         return made && dlCreateShifted({&pMeandst, &pVardst, &pDst}, len, 4, SET_ZERO);
     }
     void flushData() override {
-        for (dlVector* v : {&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst})
-            v->deleteVector();
+        dlDeleteAll({&pMean1, &pVar1, &pMean2, &pVar2, &pMeandst, &pVardst, &pDst});
     }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len; }

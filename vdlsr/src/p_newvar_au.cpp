@@ -2,7 +2,7 @@
 // The _I forms write over the sums of squares; nothing restores them
 // between calls, as the variance of constant sums is a fixed point.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlshifted.h"
 
 DL_MODULE("vdlsr/src/p_newvar_au");
 

@@ -50,7 +50,7 @@ public:
         dlStep(frames, "Frames", 8, 16, 2, '+');
         dlStep(SListShift, "SListShift", 0, 1, 1, '+');
         dlScale(scaleFactor, m_func);
-        for (dlVector* v : {&pSrc, &pMean, &pVar, &pVal, &pResult}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pMean, &pVar, &pVal, &pResult}, m_func);
         return true;
     }
     bool canContinue() override {
@@ -62,9 +62,7 @@ public:
                pVal.createVector(frames, SET_VALUE, 1.0, 0) &&
                pResult.createVector(frames, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc, &pMean, &pVar, &pVal, &pResult}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pMean, &pVar, &pVal, &pResult}); }
     double getDivisor() override { return height * width * frames; }
     void columns(dlColumns& c) override {
         c << height << width << dlItem("step", step) << frames << SListShift << scaleFactor;

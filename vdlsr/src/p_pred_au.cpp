@@ -16,18 +16,14 @@ public:
         dlStep(lenSrc, "LenghtSRC", 30, 40, 2, '+');
         dlStep(lenDst, "LenghtDST", 10, 20, 2, '+');
         dlScale(scaleFactor, m_func);
-        pSrc.init(m_func, 1);
-        pDst.init(m_func, 1);
+        dlInitAll({&pSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
         return stepOdometer({&scaleFactor, &lenSrc, &lenDst}) &&
                pSrc.createVector(lenSrc, SET_ONE, 0, 0) && pDst.createVector(lenSrc, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDst}); }
     double getDivisor() override { return lenDst; }
     void columns(dlColumns& c) override { c << lenSrc << lenDst << scaleFactor; }
 };

@@ -1,7 +1,8 @@
 // Primitives of feature normalisation: reciprocal square roots, column
 // normalisation, subtraction of a row, and column sums added to a row.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlinplace.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_prim_au");
 
@@ -10,18 +11,18 @@ static dlrMatrice mSrc, mDst, mSrcDst;
 static kvStepIterator<int> rows, cols;
 static dlScaleIterator scaleFactor;
 static int stride;
-static int dataSize;
+static dlInPlace inPlace(pSrcDst_I, pSrcDst);
 static float val = 1e-08f;
 static int val_s = 1;
 
-class TimPrim : public dlTrainTest {
+class TimPrim : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         if (m_recSqrt) {
             dlStep(rows, "Length", 10, 48, 2, '+');
-            dlStep(cols, "", 1, 1, 1, '+');
+            dlOne(cols);
         } else {
             dlStep(rows, "rows", 400, 1000, 200, '+');
             dlStep(cols, "cols", 36, 40, 1, '+');
@@ -57,7 +58,7 @@ private:
         if (!pDst.createVector(rows, SET_ZERO, 0, 0)) return false;
         if (m_func.type(1) == DL_32F) return pSrcDst_I.createVector(rows, SET_ONE, 0, 0);
         if (!pSrcDst.createVector(rows, -1) || !pSrcDst_I.createVector(rows, -1)) return false;
-        dataSize = rows * dlVector::item(m_func);
+        inPlace.cover(rows);
         return true;
     }
 
@@ -66,10 +67,9 @@ private:
 
 #define SF scaleFactor.value()
 DL_REG(TimPrim, vdlsRecSqrt_32f, (pSrcDst_I, rows, val));
-DL_REG_I(TimPrim, vdlsRecSqrt_32s_Sfs, (pSrcDst_I, rows, val_s, SF),
-         memcpy(pSrcDst_I.m_data, pSrcDst.m_data, dataSize));
+DL_REG_I(TimPrim, vdlsRecSqrt_32s_Sfs, (pSrcDst_I, rows, val_s, SF), inPlace.restore());
 DL_REG_I(TimPrim, vdlsRecSqrt_32s16s_Sfs, (pSrcDst_I, pDst, rows, val_s, SF),
-         memcpy(pSrcDst_I.m_data, pSrcDst.m_data, dataSize));
+         inPlace.restore());
 DL_REG(TimPrim, vdlsNormalizeColumn_32f_D2, (pSrcDst, stride, rows, pSrc, pSrc, cols));
 DL_REG(TimPrim, vdlsNormalizeColumn_32f_D2L, (mSrcDst, rows, pSrc, pSrc, cols));
 DL_REG(TimPrim, vdlsNormalizeColumn_16s_D2Sfs, (pSrcDst, stride, rows, pSrc, pSrc, cols, SF));

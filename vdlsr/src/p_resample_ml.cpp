@@ -99,8 +99,7 @@ public:
                pDst.createVectorExt((int)(lenSrc * factor + 20.0), 1 * kvGetVectorShift(), SET_ZERO, 0, 0);
     }
     void flushData() override {
-        pSrc.deleteVector();
-        pDst.deleteVector();
+        dlDeleteAll({&pSrc, &pDst});
         freeState();
     }
     double getDivisor() override { return lenSrc; }
@@ -123,7 +122,7 @@ private:
     }
     bool ratesInRange() const {
         if (inRate >= 0 && inRate < rateCount && outRate >= 0 && outRate < rateCount) return true;
-        g_ostrm << ERR << "-- Rate index out of the table of " << rateCount << " rates\n" << endMsg;
+        dlError(kvString("-- Rate index out of the table of ") << rateCount << " rates\n");
         return false;
     }
     // A holder from the library's allocator, and the state of the test's

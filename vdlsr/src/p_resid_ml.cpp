@@ -15,16 +15,14 @@ public:
     bool canStart() override {
         dlStep(len, "len", 32, 512, 64, '+');
         dlScale(scaleFactor, m_func);
-        for (dlVector* v : {&pSrc, &pTabs, &pDst}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pTabs, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
         return stepOdometer({&scaleFactor, &len}) && pSrc.createVector(97, SET_ZERO, 0, 0) &&
                pTabs.createVector(17, SET_ONE, 0, 0) && pDst.createVector(80, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc, &pTabs, &pDst}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pTabs, &pDst}); }
     double getDivisor() override { return 1280; }
     void columns(dlColumns& c) override { c << len << scaleFactor; }
 };

@@ -9,13 +9,7 @@ static kvStepIterator<int> len;
 static dlScaleIterator scaleFactor;
 static dlLpError pErr;
 
-class TimSchur : public dlLagsTest {
-public:
-    TimSchur(funcCall call, funcInit init, funcLoop loop, funcStat stat, kvString name,
-             kvString file, kvString info)
-        : dlLagsTest(call, init, loop, stat, name, file, info,
-                     {src, dst, src_float, tmp, len, scaleFactor}, 3) {}
-};
+DL_CLASS(TimSchur, dlLagsTest, {src, dst, src_float, tmp, len, scaleFactor}, 3);
 
 DL_REG(TimSchur, vdlsSchur_32f, (src, dst, len, &pErr.f));
 DL_REG(TimSchur, vdlsSchur_16s_Sfs, (src, dst, len, &pErr.s, scaleFactor.value()));

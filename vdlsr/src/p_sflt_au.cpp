@@ -12,18 +12,14 @@ public:
 
     bool canStart() override {
         dlStep(len_src, "", 10, 10, 1, '+');
-        pSrc.init(m_func, 1);
-        pDst.init(m_func, 1);
+        dlInitAll({&pSrc, &pDst}, m_func);
         return true;
     }
     bool canContinue() override {
         return stepOdometer({&len_src}) && pSrc.createVector(len_src, SET_ONE, 0, 0) &&
                pDst.createVector(17, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDst}); }
     double getDivisor() override { return len_src; }
 };
 

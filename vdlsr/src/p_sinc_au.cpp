@@ -9,24 +9,7 @@ static dlVector pSrc, pTmp, pDst, pSrcDst;
 static kvStepIterator<int> len;
 static dlInPlace inPlace(pSrcDst, pTmp);
 
-class Tim_Sinc : public prTest {
-public:
-    using prTest::prTest;
-
-    bool canStart() override {
-        dlStep(len, "Length", 10, 48, 2, '+');
-        dlInitAll({&pSrc, &pTmp, &pSrcDst}, m_func);
-        pDst.init(m_func, DL_DST1);
-        return true;
-    }
-    bool canContinue() override {
-        return stepOdometer({&len}) && dlCreateAll({&pSrc, &pTmp}, len, SET_RANDOM, -10, 10) &&
-               pDst.createVector(len, SET_ZERO, 0, 0) && inPlace.create(len);
-    }
-    void flushData() override { dlDeleteAll({&pSrc, &pTmp, &pDst, &pSrcDst}); }
-    double getDivisor() override { return len; }
-    void columns(dlColumns& c) override { c << len; }
-};
+DL_CLASS(Tim_Sinc, dlElementwiseTest, pSrc, pDst, inPlace, len, -10, 10);
 
 DL_REG(Tim_Sinc, vdlsSinC_32f, (pSrc, pDst, len));
 DL_REG(Tim_Sinc, vdlsSinC_32f64f, (pSrc, pDst, len));

@@ -20,10 +20,7 @@ public:
         return stepOdometer({&len}) && pSrc.createVector(len, SET_ZERO, 0, 0) &&
                pDst.createVector(len / 4 + 1, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pDst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len; }
 };

@@ -11,8 +11,7 @@ static int dstStep;
 
 class TimSplitVQ : public dlCdbkSplitTest {
 public:
-    template <class... Args>
-    TimSplitVQ(Args... args) : dlCdbkSplitTest(data, 1, args...) {}
+    DL_CTOR(TimSplitVQ, dlCdbkSplitTest, data, 1)
 
 protected:
     void initBuffers() override { pSVQ_Dst.init(m_1u ? dlFunc("_8u_") : m_func, DL_DST1); }

@@ -1,6 +1,6 @@
 // Sums over the columns and over the rows of a matrix, in both layouts.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_sum_au");
 
@@ -10,9 +10,9 @@ static kvStepIterator<int> rows, cols;
 static dlScaleIterator scaleFactor;
 static int stride;
 
-class TimSum : public dlTrainTest {
+class TimSum : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(rows, "rows", 200, 1000, 200, '+');

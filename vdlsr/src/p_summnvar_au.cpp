@@ -1,7 +1,6 @@
 // Column sums and sums of squares of a matrix; the _I forms add them to
 // accumulators, which nothing resets between calls.
 #include "dl.h"
-#include "dltrain.h"
 
 DL_MODULE("vdlsr/src/p_summnvar_au");
 
@@ -26,7 +25,7 @@ public:
         if (!stepOdometer({&scaleFactor, &rows, &cols})) return false;
         stride = roundedStride(cols);
         return pSrc.createVector(rows * stride, SET_ZERO, 0, 0) &&
-               pMean.createVector(cols, SET_ZERO, 0, 0) && pVar.createVector(cols, SET_ZERO, 0, 0);
+               dlCreateAll({&pMean, &pVar}, cols, SET_ZERO);
     }
     void flushData() override { dlDeleteAll({&pSrc, &pMean, &pVar}); }
     double getDivisor() override { return rows * cols; }

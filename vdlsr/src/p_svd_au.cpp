@@ -1,7 +1,8 @@
 // Singular-value decomposition of square matrices, and the row and column
 // steps that orthogonal decompositions are made of.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlinplace.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_svd_au");
 
@@ -10,14 +11,14 @@ static dlrMatrice mSrc, mTmp, mDstU, mDstV;
 static kvStepIterator<int> rows, cols;
 static int r1 = 0, c1 = 0, c2 = 1;
 static int step;
-static int dataSize;       // bytes of the _D2 input
+static dlInPlace inPlace(pSrc, pTmp);  // the _D2 input
 static int rows_dataSize;  // bytes of one row of the _D2L input
 static double val1;
 static double dstValue;
 
-class TimSvd : public dlTrainTest {
+class TimSvd : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         r1 = 0;
@@ -25,13 +26,13 @@ public:
         c2 = 1;
         if (m_svd) {
             dlStep(cols, "Rows=Cols", 20, 100, 10, '+');
-            dlStep(rows, "", 1, 1, 1, '+');
+            dlOne(rows);
         } else if (m_d2l) {
             dlStep(rows, "rows", 20, 100, 20, '+');
             dlStep(cols, "cols", 20, 100, 20, '+');
         } else {
             dlStep(rows, "Length", 20, 200, 10, '+');
-            dlStep(cols, "", 1, 1, 1, '+');
+            dlOne(cols);
         }
         dlInitAll({&pSrc, &pDst, &pTmp, &pDstU, &pDstV, &pDstW, &mSrc, &mTmp, &mDstU, &mDstV},
                   m_func, 1);
@@ -42,7 +43,7 @@ public:
         val1 = 1.0;
         if (m_svd) return pDstW.createVector(cols, SET_ZERO, 0, 0) && createSvdData();
         if (m_d2l) return mSrc.createMatrice(rows, cols, SET_ZERO, 0, 0);
-        return pSrc.createVector(rows, SET_ZERO, 0, 0) && pDst.createVector(rows, SET_ZERO, 0, 0);
+        return dlCreateAll({&pSrc, &pDst}, rows, SET_ZERO);
     }
     void flushData() override {
         dlDeleteAll({&pSrc, &pDst, &pTmp, &pDstU, &pDstV, &pDstW}, {&mSrc, &mTmp, &mDstU, &mDstV});
@@ -70,8 +71,8 @@ private:
             !pDstU.createVector(cols * step, SET_ZERO, 0, 0) ||
             !pDstV.createVector(cols * step, SET_ZERO, 0, 0))
             return false;
-        dataSize = cols * step * dlVector::item(m_func);
-        memcpy(pSrc.m_data, pTmp.m_data, dataSize);
+        inPlace.cover(cols * step);
+        inPlace.restore();
         return true;
     }
 
@@ -94,9 +95,9 @@ DL_REG(TimSvd, vdlsQRTransColumn_64f_D2L, (mSrc, cols, rows, c1, c2, val1, val1)
 DL_REG(TimSvd, vdlsSVD_64f_D2, (pSrc, pDstU, cols, pDstW, pDstV, cols, step, 500));
 DL_REG(TimSvd, vdlsSVDSort_64f_D2, (pSrc, pDstU, cols, pDstW, pDstV, cols, step, 500));
 DL_REG_I(TimSvd, vdlsSVD_64f_D2_I, (pSrc, cols, pDstW, pDstV, cols, step, 500),
-         memcpy(pSrc.m_data, pTmp.m_data, dataSize));
+         inPlace.restore());
 DL_REG_I(TimSvd, vdlsSVDSort_64f_D2_I, (pSrc, cols, pDstW, pDstV, cols, step, 500),
-         memcpy(pSrc.m_data, pTmp.m_data, dataSize));
+         inPlace.restore());
 DL_REG(TimSvd, vdlsSVD_64f_D2L, (mSrc, mDstU, cols, pDstW, mDstV, cols, 500));
 DL_REG(TimSvd, vdlsSVDSort_64f_D2L, (mSrc, mDstU, cols, pDstW, mDstV, cols, 500));
 DL_REG_I(TimSvd, vdlsSVD_64f_D2L_I, (mSrc, cols, pDstW, mDstV, cols, 500), restoreRows());

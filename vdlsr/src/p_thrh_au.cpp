@@ -24,10 +24,7 @@ public:
     bool canContinue() override {
         return stepOdometer({&len}) && dlCreateShifted({&src, &dst}, len, 0, SET_ZERO);
     }
-    void flushData() override {
-        src.deleteVector();
-        dst.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&src, &dst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len; }
 };

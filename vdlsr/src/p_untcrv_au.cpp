@@ -1,7 +1,7 @@
 // The unit curve of a vector, into another vector or in place; the data
 // repeat a group of four values below, on and beyond the curve's steps.
 #include "dl.h"
-#include "dllogsel.h"
+#include "dlinplace.h"
 #include "dlshifted.h"
 
 DL_MODULE("vdlsr/src/p_untcrv_au");
@@ -9,7 +9,7 @@ DL_MODULE("vdlsr/src/p_untcrv_au");
 static dlVector pSrc, pDst, pSrcDst, pTmp;
 static kvStepIterator<int> len, srcShiftVal;
 static dlScaleIterator scaleFactor;
-static int dataSize;
+static dlInPlace inPlace(pSrcDst, pTmp);
 
 class Tim_Untcrv : public prTest {
 public:
@@ -20,15 +20,15 @@ public:
         if (m_16s)
             dlStep(srcShiftVal, "srcShiftVal", -1, 1, 1, '+');
         else
-            dlFixedStep(srcShiftVal, "", 1, 1, 1, '+');
+            dlOne(srcShiftVal);
         dlScale(scaleFactor, m_name);
-        for (dlVector* v : {&pSrc, &pDst, &pSrcDst, &pTmp}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pDst, &pSrcDst, &pTmp}, m_func);
         return true;
     }
     bool canContinue() override {
         if (!stepOdometer({&scaleFactor, &srcShiftVal, &len})) return false;
         if (m_inPlace) {
-            dataSize = len * dlVector::item(m_func);
+            inPlace.cover(len);
             if (!dlCreateShifted({&pSrcDst, &pTmp}, len, 2, SET_ZERO)) return false;
             intData_I();
             return true;
@@ -40,9 +40,7 @@ public:
     }
     virtual void intData() { fillGroups(pSrc); }
     virtual void intData_I() { fillGroups(pTmp); }
-    void flushData() override {
-        for (dlVector* v : {&pSrc, &pDst, &pSrcDst, &pTmp}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDst, &pSrcDst, &pTmp}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override {
         c << len;
@@ -65,6 +63,6 @@ private:
 
 DL_REG(Tim_Untcrv, vdlsUnitCurve_32f, (pSrc, pDst, len));
 DL_REG(Tim_Untcrv, vdlsUnitCurve_16s_Sfs, (pSrc, srcShiftVal, pDst, len, scaleFactor.value()));
-DL_REG_I(Tim_Untcrv, vdlsUnitCurve_32f_I, (pSrcDst, len), dlRestore(pSrcDst, pTmp, dataSize));
+DL_REG_I(Tim_Untcrv, vdlsUnitCurve_32f_I, (pSrcDst, len), inPlace.restore());
 DL_REG_I(Tim_Untcrv, vdlsUnitCurve_16s_ISfs, (pSrcDst, srcShiftVal, len, scaleFactor.value()),
-         dlRestore(pSrcDst, pTmp, dataSize));
+         inPlace.restore());

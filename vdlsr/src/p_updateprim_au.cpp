@@ -1,7 +1,6 @@
 // The noise estimate of minimum-controlled recursive averaging, one frame
 // of a power spectrum per call, with its state made by the library.
 #include "dl.h"
-#include "dltrain.h"
 
 DL_MODULE_VDLS("vdlsr/src/p_updateprim_au");
 

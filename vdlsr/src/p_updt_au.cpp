@@ -2,7 +2,7 @@
 // variances, weights, Gaussian constants and the per-component values of
 // the scoring functions. What a test needs is picked by its name.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlshifted.h"
 
 DL_MODULE("vdlsr/src/p_updt_au");
 

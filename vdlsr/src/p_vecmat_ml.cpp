@@ -1,6 +1,7 @@
 // Products of a matrix and a vector on either side.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlrows.h"
+#include "dlshifted.h"
 
 DL_MODULE("vdlsr/src/p_vecmat_ml");
 
@@ -10,9 +11,9 @@ static kvStepIterator<int> width, height;
 static dlScaleIterator scaleFactor;
 static int stride;
 
-class TimVecMat : public dlTrainTest {
+class TimVecMat : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(width, "width", 20, 40, 5, '+');

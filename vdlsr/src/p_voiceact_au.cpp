@@ -18,14 +18,14 @@ public:
             dlStep(len, "Length", 50, 200, 2, '*');
             dlStep(searchSize, "searchSize", 1, 4, 1, '+');
             dlStep(movingAvgSize, "movingAvgSize", 0, 4, 1, '+');
-            dlStep(maxPeriod, "", 1, 1, 1, '+');
-            dlStep(minPeriod, "", 1, 1, 1, '+');
+            dlOne(maxPeriod);
+            dlOne(minPeriod);
         } else {
             dlStep(len, "Length", 32, 64, 2, '*');
             dlStep(maxPeriod, "maxPeriod", 12, 16, 2, '+');
             dlStep(minPeriod, "minPeriod", 6, 10, 2, '+');
-            dlStep(searchSize, "", 1, 1, 1, '+');
-            dlStep(movingAvgSize, "", 1, 1, 1, '+');
+            dlOne(searchSize);
+            dlOne(movingAvgSize);
         }
         pSrc.init(m_func, 1);
         pDstPeaks.init(m_func, DL_DST1);
@@ -37,10 +37,7 @@ public:
                                   : pSrc.createVector(len, SET_ONE, 0, 0);
         return made && pDstPeaks.createVector(len, SET_ZERO, 0, 0);
     }
-    void flushData() override {
-        pSrc.deleteVector();
-        pDstPeaks.deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pDstPeaks}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override {
         if (m_peaks) c << len << searchSize << movingAvgSize;

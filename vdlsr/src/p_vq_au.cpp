@@ -21,15 +21,8 @@ public:
         dlStep(height, "height", 25, 650, 2, '*');
         dlScale(scaleFactor, m_func);
         dlCdbkHint(hint, {vdlCdbkHintFull, vdlCdbkHintKmeansLong, vdlCdbkHintKmeansNum});
-        Wgt.resetMap();
-        Wgt.init("Parm4");
-        Wgt.addValidation(0, "WithoutWgt");
-        Wgt.addValidation(1, "Wgt");
-        Wgt.add(1);
-        Wgt.add(0);
-        Wgt.fromIStream(g_istrm);
-        pSrc.init(m_func, 1);
-        pWgt.init(m_func, 1);
+        dlMapList(Wgt, "Parm4", {{0, "WithoutWgt"}, {1, "Wgt"}}, {1, 0});
+        dlInitAll({&pSrc, &pWgt}, m_func);
         pIndx.init(dlFunc("_32s_"), 1);
         pDist.init(m_func, DL_DST1);
         return true;
@@ -45,12 +38,12 @@ public:
         if (dlCdbkCreate(!m_16s, handle(), pSrc, Wgt == 1 ? &pWgt : 0, step, height, nClust,
                          hint) == vdlStsNoErr)
             return true;
-        dlCdbkCreateError(m_16s ? "\n Error in create codebook 16bit code\n"
-                                : "\n Error in create codebook 32bit code\n");
+        dlError(m_16s ? "\n Error in create codebook 16bit code\n"
+                      : "\n Error in create codebook 32bit code\n");
         return false;
     }
     void flushData() override {
-        for (dlVector* v : {&pSrc, &pWgt, &pIndx, &pDist}) v->deleteVector();
+        dlDeleteAll({&pSrc, &pWgt, &pIndx, &pDist});
         dlCdbkFree(!m_16s, handle());
     }
     double getDivisor() override { return height; }

@@ -1,7 +1,7 @@
 // Weighted means and variances of the columns of a matrix, each row with
 // its weight.
 #include "dl.h"
-#include "dltrain.h"
+#include "dlrows.h"
 
 DL_MODULE("vdlsr/src/p_wghtmeancol_au");
 
@@ -10,9 +10,9 @@ static dlrMatrice mSrc;
 static kvStepIterator<int> height, width;
 static int step;
 
-class TimWghtMean : public dlTrainTest {
+class TimWghtMean : public dlRowsTest {
 public:
-    using dlTrainTest::dlTrainTest;
+    using dlRowsTest::dlRowsTest;
 
     bool canStart() override {
         dlStep(height, "height", 200, 400, 50, '+');
@@ -24,7 +24,7 @@ public:
         if (!stepOdometer({&height, &width})) return false;
         step = m_d2l ? 0 : (width + 3) / 4 * 4;
         return createRows(pSrc, mSrc, height, width, step, dlFillZero) &&
-               pMean.createVector(width, SET_ZERO, 0, 0) && pVar.createVector(width, SET_ZERO, 0, 0) &&
+               dlCreateAll({&pMean, &pVar}, width, SET_ZERO) &&
                pWgt.createVector(height, SET_ONE, 0, 0);
     }
     void flushData() override { dlDeleteAll({&pSrc, &pMean, &pVar, &pWgt}, {&mSrc}); }

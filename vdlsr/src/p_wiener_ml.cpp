@@ -14,18 +14,15 @@ public:
 
     bool canStart() override {
         dlStep(len, "len", 60, 70, 1, '+');
-        for (dlVector* v : {&pSrc, &pNoise, &pDen}) v->init(m_func, 1);
+        dlInitAll({&pSrc, &pNoise, &pDen}, m_func);
         pDst.init(m_func, DL_DST1);
         return true;
     }
     bool canContinue() override {
-        return stepOdometer({&len}) && pSrc.createVector(len, SET_RANDOM, 0, 0) &&
-               pDen.createVector(len, SET_RANDOM, 0, 0) && pNoise.createVector(len, SET_ONE, 0, 0) &&
-               dlCreateShifted({&pDst}, len, 2, SET_ZERO);
+        return stepOdometer({&len}) && dlCreateAll({&pSrc, &pDen}, len, SET_RANDOM) &&
+               pNoise.createVector(len, SET_ONE, 0, 0) && dlCreateShifted({&pDst}, len, 2, SET_ZERO);
     }
-    void flushData() override {
-        for (dlVector* v : {&pSrc, &pNoise, &pDen, &pDst}) v->deleteVector();
-    }
+    void flushData() override { dlDeleteAll({&pSrc, &pNoise, &pDen, &pDst}); }
     double getDivisor() override { return len; }
     void columns(dlColumns& c) override { c << len; }
 };

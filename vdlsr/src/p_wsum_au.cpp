@@ -1,6 +1,5 @@
 // Weighted sums of two vectors, and half of them.
 #include "dl.h"
-#include "dltrain.h"
 
 DL_MODULE("vdlsr/src/p_wsum_au");
 
