@@ -17,15 +17,12 @@ const Family kCdbk = {
      {"TimFormVQ", "p_formvq_au", "vdlsFormVectorVQ_{16s,8u,1u}{16s,32f}"},
      {"TimSplitVQ", "p_splitvq_au", "vdlsSplitVQ_{16s,32f}{16s,8u,1u}"}},
     40,
-    // Creation: 3 heights by 4 steps by 3 hints; lookup by two counts and
-    // four scale factors more.
-    {{"vdlsCdbkInitAlloc_WgtL2_32f_perf", 36}, {"vdlsVQDistSingle_Sort_16s32s_Sfs", 288},
-     // 3 hints, 4 steps, 5 heights, with and without weights.
-     {"vdlsVQ_16s", 120},
-     // 2 hints, 4 steps (3 from 2 up in FormVQ), 4 heights, 3 codebook counts.
-     {"vdlsSplitVQ_32f1u", 96}, {"vdlsFormVectorVQ_1u16s", 72},
-     // Eleven lengths of two or four elements a codebook; five stream counts.
-     {"vdlsFormVector_4i_8u16s", 11}, {"vdlsFormVector_16s32f", 5}}};
+    // Creation: 3 heights by 4 steps by 3 hints, lookup by two counts and
+    // four scale factors more; 3 hints, 4 steps, 5 heights, with and without
+    // weights; 2 hints, 4 steps (3 from 2 up in FormVQ), 4 heights, 3
+    // codebook counts; eleven lengths of two or four elements a codebook.
+    {{"vdlsVQDistSingle_Sort_16s32s_Sfs", 288}, {"vdlsVQ_16s", 120}, {"vdlsSplitVQ_32f1u", 96},
+     {"vdlsFormVectorVQ_1u16s", 72}, {"vdlsFormVector_4i_8u16s", 11}}};
 
 INSTANTIATE_TEST_SUITE_P(Cdbk, FamilyCatalogue, ::testing::Values(&kCdbk));
 

@@ -43,15 +43,6 @@ TEST(CliHelp, HelpAndVersionEndTheRunEarly) {
     EXPECT_LT(r.out.find(kBanner), listed);
 }
 
-TEST(CliEnumerate, SelectionsNarrowTheList) {
-    Sandbox box;
-    Result r = box.run({"-e", "-f__kvOrvanCpu"});
-    EXPECT_EQ(0, r.code);
-    EXPECT_THAT(r.out, HasSubstr("\t__kvOrvanCpu\t__kvOrvanCpuTest\t"));
-    r = box.run({"-e", "-t=__kvOrvanCpuTest", "-f-Orvan"});
-    EXPECT_THAT(r.out, Not(HasSubstr("\t__kvOrvanCpu\t")));
-}
-
 // A batch run asks nothing and shows the defaults, with the processor
 // priority raised where it may be.
 TEST(CliKeys, BatchRunAsksNothing) {

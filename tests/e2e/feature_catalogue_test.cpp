@@ -39,14 +39,11 @@ const Family kFeature = {
      {"Tim_Sinc", "p_sinc_au", "vdlsSinC_{32f,32f64f,64f,32f_I,64f_I}"}},
     89,
     // 4 scale factors, 2 windows, 2 offsets, 4 row counts, 5 column counts;
-    // one window and offset and no scale wheel outside the Eval forms.
+    // one window and offset and no scale wheel outside the Eval forms; 4
+    // scale factors by 9 heights by 4 steps; by 22 filter counts by 2 lengths.
     {{"vdlsEvalDelta_16s_D2Sfs", 320}, {"vdlsDelta_Win1_32f_D2", 20},
-     // 4 scale factors by 9 heights by 4 steps; by 22 filter counts by 2 lengths.
      {"vdlsDeltaDelta_Aurora_16s_D2Sfs", 144}, {"vdlsEvalFBank_16s_Sfs", 176},
-     // The one given scale factor: 8 lengths doubling from 4.
-     {"vdlsPitchmarkToF0Cand_16s_Sfs", 8},
-     // 3 lengths, 4 search sizes, 5 averaging sizes; 2 by 3 by 3 periods.
-     {"vdlsFindPeaks_32s8u", 60}, {"vdlsPeriodicity_32s16s", 18}}};
+     {"vdlsFindPeaks_32s8u", 60}}};  // 3 lengths, 4 search, 5 averaging sizes
 
 INSTANTIATE_TEST_SUITE_P(Feature, FamilyCatalogue, ::testing::Values(&kFeature));
 

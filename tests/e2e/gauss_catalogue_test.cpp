@@ -39,16 +39,13 @@ const Family kGauss = {
      {"TimBhatDist", "p_bhat_au", "vdlsBhatDist{,SLog}_32f{,64f}"},
      {"TimObvProb", "p_obvprob_au", "ObvProbVec_32f_D2et"}},
     162,
-    // Two grids: 7 by 4 small sizes, then 5 large row counts of 40 columns;
-    // each under four scale factors where scaled.
+    // Two grids: 7 by 4 small sizes, then 5 large row counts of 40 columns,
+    // under four scale factors where scaled; 4 factors by 3 block counts by 5
+    // block sizes; 4 widths, 1 height, 5 frame counts, 2 shifts; 20 lengths
+    // of one column by 4 factors.
     {{"vdlsLogGauss_32f_D2", 33}, {"vdlsLogGauss_16s32s_D2Sfs", 132},
-     // Four scale factors by 3 block counts by 5 block sizes; no scale
-     // wheel in the float class.
-     {"vdlsLogGaussSingle_BlockDVar_16s32s_Sfs", 60}, {"vdlsLogGaussSingle_BlockDVar_32f64f", 15},
-     // 4 widths, 1 height, 5 frame counts, 2 shifts.
-     {"ObvProbVec_32f_D2et", 40},
-     // 20 lengths of one column under four scale factors; 7 by 4 sizes.
-     {"vdlsMahDistSingle_16s32s_Sfs", 80}, {"vdlsMahDist_32f_D2L", 28}}};
+     {"vdlsLogGaussSingle_BlockDVar_16s32s_Sfs", 60}, {"ObvProbVec_32f_D2et", 40},
+     {"vdlsMahDistSingle_16s32s_Sfs", 80}}};
 
 INSTANTIATE_TEST_SUITE_P(Gauss, FamilyCatalogue, ::testing::Values(&kGauss));
 

@@ -25,16 +25,12 @@ const Family kLogSel = {
      {"TimNBest", "p_nbest_au", "vdlsNthMaxElement_{32s,32f,64f}"},
      {"Tim_Untcrv", "p_untcrv_au", "vdlsUnitCurve_{32f,16s_Sfs,32f_I,16s_ISfs}"}},
     42,
-    // 2 widths, 4 heights, 4 frame counts, 5 sign densities; no scale wheel.
-    {{"vdlsLogGaussMixture_SelectScaled_16s32f_D2L", 160},
-     // 2 counts by 3 clusters by 3 shifts by 3 heights; one count for Var.
-     {"vdlsFillShortlist_Row_1u", 54}, {"vdlsFillShortlist_RowVar_1u", 27},
-     // 5 scale factors by 3 hints by 3 lengths; 10 lengths, no scale wheel.
-     {"vdlsLogAdd_32s_Sfs", 45}, {"vdlsLogSub_16s_Sfs", 10},
-     // 20 lengths by 3 hints by 4 scale factors.
-     {"vdlsLogSum_32s_Sfs", 240}, {"vdlsNthMaxElement_64f", 54},
-     // 7 lengths by 3 source shifts by 4 scale factors.
-     {"vdlsUnitCurve_16s_ISfs", 84}}};
+    // 2 widths, 4 heights, 4 frame counts, 5 sign densities, no scale wheel;
+    // 2 counts by 3 clusters by 3 shifts by 3 heights, one count for Var;
+    // 20 lengths by 3 hints by 4 scale factors.
+    {{"vdlsLogGaussMixture_SelectScaled_16s32f_D2L", 160}, {"vdlsFillShortlist_Row_1u", 54},
+     {"vdlsFillShortlist_RowVar_1u", 27}, {"vdlsLogSum_32s_Sfs", 240},
+     {"vdlsUnitCurve_16s_ISfs", 84}}};  // 7 lengths by 3 shifts by 4 factors
 
 INSTANTIATE_TEST_SUITE_P(LogSel, FamilyCatalogue, ::testing::Values(&kLogSel));
 

@@ -23,10 +23,8 @@ const Family kLp = {
      {"TimPred", "p_pred_au", "vdlsLinearPrediction{_Auto,_Cov,Neg_Auto}_{32f,16s_Sfs}"}},
     36,
     {{"vdlsDurbin_32f", 31},                       // orders 2 to 32
-     {"vdlsSchur_16s_Sfs", 30},                    // 3 to 32, one scale factor
      {"vdlsLPToReflection_16s_Sfs", 48},           // 12 lengths by 4 factors
      {"vdlsReflectionToTrueAR_16s_Sfs", 8},        // 4 to 512 by doubling
-     {"vdlsResidualFilter_Aurora_16s_Sfs", 32},    // 8 lengths by 4 factors
      {"vdlsLowHighFilter_Aurora_32f", 24},         // 4 lengths by 6 tap counts
      {"vdlsLinearPrediction_Cov_16s_Sfs", 144}}};  // 6 by 6 by 4
 
