@@ -17,7 +17,6 @@ const Family kAlign = {
       "vdlsWienerFilterDesign_Aurora_{32f,16s} "
       "vdlsNoiseSpectrumUpdate_Aurora_{32f,16s_Sfs,32s_Sfs}"},
      {"TimKodiak", "p_kodiak_au", "vdlsFilterUpdate{Wiener,EMNS}_32s"}},
-    25,
     // 3 heights by 3 widths by 2 deltas by 2 beams, one scale factor; 4
     // lengths by the 12 pairs of different rates; only the search walks the
     // lags: 18 lengths by 6 by 6 by 2 steps.

@@ -31,7 +31,6 @@ struct TestClass {
 struct Family {
     const char* name;
     std::vector<TestClass> classes;
-    size_t tests;                     // the family's function count
     std::map<std::string, int> rows;  // table rows of a few functions after a quick run
 };
 
@@ -155,21 +154,20 @@ class FamilyCatalogue : public ::testing::TestWithParam<const Family*> {};
 
 TEST_P(FamilyCatalogue, ListsEachFunctionWithItsClassAndModule) {
     const Family& family = *GetParam();
-    Listing expected = expectedListing(family);
-    ASSERT_EQ(family.tests, expected.size());
     std::vector<std::string> args = {"-e"};
     for (const TestClass& c : family.classes) args.push_back(std::string("-t=") + c.name);
     Sandbox box;
     Result r = box.run(args);
     EXPECT_EQ(0, r.code);
-    EXPECT_THAT(listing(r.out), ::testing::ContainerEq(expected));
+    EXPECT_THAT(listing(r.out), ::testing::ContainerEq(expectedListing(family)));
 }
 
 TEST_P(FamilyCatalogue, QuickRunEndsCleanOverWholeGrids) {
     const Family& family = *GetParam();
     const QuickRun& run = quickRun(family);
     EXPECT_EQ(0, run.code);
-    EXPECT_EQ(std::to_string(family.tests), summaryValue(run.summary, ".Number of tests"));
+    EXPECT_EQ(std::to_string(expectedListing(family).size()),
+              summaryValue(run.summary, ".Number of tests"));
     EXPECT_EQ("0", summaryValue(run.summary, ".Failures       "));
     EXPECT_EQ("0", summaryValue(run.summary, "...Warnings     "));
     std::map<std::string, int> all = rowsPerFunction(run.table), seen;

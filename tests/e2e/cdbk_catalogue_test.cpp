@@ -16,7 +16,6 @@ const Family kCdbk = {
      {"TimFormV", "p_form_au", "vdlsFormVector{_4i,_2i,}_{8u16s,16s16s,8u32f,16s32f}"},
      {"TimFormVQ", "p_formvq_au", "vdlsFormVectorVQ_{16s,8u,1u}{16s,32f}"},
      {"TimSplitVQ", "p_splitvq_au", "vdlsSplitVQ_{16s,32f}{16s,8u,1u}"}},
-    40,
     // Creation: 3 heights by 4 steps by 3 hints, lookup by two counts and
     // four scale factors more; 3 hints, 4 steps, 5 heights, with and without
     // weights; 2 hints, 4 steps (3 from 2 up in FormVQ), 4 heights, 3

@@ -8,6 +8,7 @@
 namespace {
 
 using namespace kelvar_e2e;
+using ::testing::HasSubstr;
 
 const Family kFeature = {
     "Feature",
@@ -37,7 +38,6 @@ const Family kFeature = {
      {"TimWave", "p_waveavr_ml", "vdlsWaveProcessing_Aurora_{32f,16s}"},
      {"TimSmoot", "p_smoot_ml", "vdlsSmoothedPowerSpectrumAurora_{32f,32s_Sfs,32s64s_Sfs,16s}"},
      {"Tim_Sinc", "p_sinc_au", "vdlsSinC_{32f,32f64f,64f,32f_I,64f_I}"}},
-    89,
     // 4 scale factors, 2 windows, 2 offsets, 4 row counts, 5 column counts;
     // one window and offset and no scale wheel outside the Eval forms; 4
     // scale factors by 9 heights by 4 steps; by 22 filter counts by 2 lengths.
@@ -72,16 +72,11 @@ TEST(FeatureCatalogue, DeltaTableDividesByRowsTimesCols) {
     EXPECT_LT(*range.second / *range.first, 1.02);
 }
 
+// Cells 3 to 8, the size, the four parameters and the scale factor, empty.
 TEST(FeatureCatalogue, HighBandCodingWritesNoParameterCell) {
-    for (const char* types : {"32f", "32s"}) {
-        Rows rows = rowsOf(quickRun(kFeature).table, "vdlsHighBandCoding_Aurora", types,
-                           types[2] == 's' ? "Sfs" : "-");
-        ASSERT_EQ(1u, rows.size()) << types;
-        // Cells 3 to 8: the size, the four parameters and the scale factor.
-        EXPECT_EQ(std::vector<std::string>(6, "-"),
-                  std::vector<std::string>(rows[0].begin() + 3, rows[0].begin() + 9))
-            << types;
-    }
+    const std::string& table = quickRun(kFeature).table;
+    EXPECT_THAT(table, HasSubstr("\nvdlsHighBandCoding_Aurora,32f,-,-,-,-,-,-,-,"));
+    EXPECT_THAT(table, HasSubstr("\nvdlsHighBandCoding_Aurora,32s,Sfs,-,-,-,-,-,-,"));
 }
 
 }  // namespace

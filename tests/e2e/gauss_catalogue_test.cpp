@@ -38,7 +38,6 @@ const Family kGauss = {
      {"TimMixg", "p_mixg_au", "vdlsGaussian{Split,Dist,Merge}_{32f,64f}"},
      {"TimBhatDist", "p_bhat_au", "vdlsBhatDist{,SLog}_32f{,64f}"},
      {"TimObvProb", "p_obvprob_au", "ObvProbVec_32f_D2et"}},
-    162,
     // Two grids: 7 by 4 small sizes, then 5 large row counts of 40 columns,
     // under four scale factors where scaled; 4 factors by 3 block counts by 5
     // block sizes; 4 widths, 1 height, 5 frame counts, 2 shifts; 20 lengths

@@ -24,7 +24,6 @@ const Family kLogSel = {
      {"TimEntropy", "p_entropy_au", "vdlsEntropy_{32f,16s32s_Sfs}"},
      {"TimNBest", "p_nbest_au", "vdlsNthMaxElement_{32s,32f,64f}"},
      {"Tim_Untcrv", "p_untcrv_au", "vdlsUnitCurve_{32f,16s_Sfs,32f_I,16s_ISfs}"}},
-    42,
     // 2 widths, 4 heights, 4 frame counts, 5 sign densities, no scale wheel;
     // 2 counts by 3 clusters by 3 shifts by 3 heights, one count for Var;
     // 20 lengths by 3 hints by 4 scale factors.

@@ -21,7 +21,6 @@ const Family kLp = {
      {"TimResid", "p_resid_ml", "vdlsResidualFilter_Aurora_{32f,16s_Sfs}"},
      {"TimLHFlt", "p_lhflt_ml", "vdlsLowHighFilter_Aurora_{32f,16s_Sfs}"},
      {"TimPred", "p_pred_au", "vdlsLinearPrediction{_Auto,_Cov,Neg_Auto}_{32f,16s_Sfs}"}},
-    36,
     {{"vdlsDurbin_32f", 31},                       // orders 2 to 32
      {"vdlsLPToReflection_16s_Sfs", 48},           // 12 lengths by 4 factors
      {"vdlsReflectionToTrueAR_16s_Sfs", 8},        // 4 to 512 by doubling

@@ -36,7 +36,6 @@ const Family kTrain = {
      {"TimPrim", "p_prim_au",
       "vdlsRecSqrt_{32f,32s_Sfs,32s16s_Sfs} vdlsNormalizeColumn_32f_D2{,L} "
       "vdlsNormalizeColumn_16s_D2{,L}Sfs vdlsSubRow_{32f,16s}_D2{,L} vdlsAddAllRowSum_32f_D2{,L}"}},
-    139,
     // Heights 100 and 10000 only: the step multiplies; 5 row counts by 4
     // column counts by 4 scale factors; square sizes 20 to 100; 20 lengths
     // by 4 factors.
