@@ -1,92 +1,43 @@
-// The alignment and signal tests of the catalogue as the program shows them:
-// the functions of each class with their module, and a quick run of the
-// family that ends without a failure, passes over pairs of equal rates and
-// walks the grids of the expected size.
-#include <gtest/gtest.h>
-
-#include <map>
-#include <set>
-#include <string>
-#include <utility>
-#include <vector>
-
+// The alignment and signal tests of the catalogue as the program shows them,
+// and the rate pairs of the resampling tests.
 #include "catalogue.h"
 
 namespace {
 
 using namespace kelvar_e2e;
 
-const std::vector<TestClass>& family() {
-    static const std::vector<TestClass> classes = {
-        {"TimDTW", "p_dtw_au",
-         {"vdlsDTW_L2_32f_D2L", "vdlsDTW_L2_32f_D2", "vdlsDTW_L2_8u32s_D2Sfs",
-          "vdlsDTW_L2_8u32s_D2LSfs", "vdlsDTW_L2Low_16s32s_D2Sfs", "vdlsDTW_L2Low_16s32s_D2LSfs"}},
-        {"TimResampleFast", "p_resample_ml",
-         {"vdlsResamplePolyphase_32f_Fast", "vdlsResamplePolyphase_16s_Fast",
-          "vdlsResamplePolyphaseFixed_32f_Fast", "vdlsResamplePolyphaseFixed_16s_Fast"}},
-        {"TimResampleAcc", "p_resample_ml",
-         {"vdlsResamplePolyphase_32f_Accur", "vdlsResamplePolyphase_16s_Accur",
-          "vdlsResamplePolyphaseFixed_32f_Accur", "vdlsResamplePolyphaseFixed_16s_Accur"}},
-        {"TimCross", "p_cross_ml",
-         {"vdlsCrossCorrCoeffDecim_16s32f", "vdlsCrossCorrCoeff_16s32f",
-          "vdlsCrossCorrCoeffInterpolation_16s32f", "vdlsCrossCorrCoeffPartial_16s32f"}},
-        {"TimWiener", "p_wiener_ml",
-         {"vdlsWienerFilterDesign_Aurora_32f", "vdlsWienerFilterDesign_Aurora_16s",
-          "vdlsNoiseSpectrumUpdate_Aurora_32f", "vdlsNoiseSpectrumUpdate_Aurora_16s_Sfs",
-          "vdlsNoiseSpectrumUpdate_Aurora_32s_Sfs"}},
-        {"TimKodiak", "p_kodiak_au", {"vdlsFilterUpdateWiener_32s", "vdlsFilterUpdateEMNS_32s"}},
-    };
-    return classes;
-}
+const Family kAlign = {
+    "Align",
+    {{"TimDTW", "p_dtw_au",
+      "vdlsDTW_L2_32f_D2{,L} vdlsDTW_L2_8u32s_D2{,L}Sfs vdlsDTW_L2Low_16s32s_D2{,L}Sfs"},
+     {"TimResampleFast", "p_resample_ml", "vdlsResamplePolyphase{,Fixed}_{32f,16s}_Fast"},
+     {"TimResampleAcc", "p_resample_ml", "vdlsResamplePolyphase{,Fixed}_{32f,16s}_Accur"},
+     {"TimCross", "p_cross_ml", "vdlsCrossCorrCoeff{Decim,,Interpolation,Partial}_16s32f"},
+     {"TimWiener", "p_wiener_ml",
+      "vdlsWienerFilterDesign_Aurora_{32f,16s} "
+      "vdlsNoiseSpectrumUpdate_Aurora_{32f,16s_Sfs,32s_Sfs}"},
+     {"TimKodiak", "p_kodiak_au", "vdlsFilterUpdate{Wiener,EMNS}_32s"}},
+    // 3 heights by 3 widths by 2 deltas by 2 beams, one scale factor; 4
+    // lengths by the 12 pairs of different rates; only the search walks the
+    // lags: 18 lengths by 6 by 6 by 2 steps.
+    {{"vdlsDTW_L2_8u32s_D2Sfs", 36}, {"vdlsResamplePolyphaseFixed_32f_Accur", 48},
+     {"vdlsCrossCorrCoeffDecim_16s32f", 1296}, {"vdlsCrossCorrCoeffPartial_16s32f", 18},
+     {"vdlsFilterUpdateEMNS_32s", 6}}};
 
-TEST(AlignCatalogue, EachClassListsItsFunctionsAndModule) {
-    expectFamilyListed(family(), 25);
-}
+INSTANTIATE_TEST_SUITE_P(Align, FamilyCatalogue, ::testing::Values(&kAlign));
 
-// The (in rate, out rate) cells of the rows of one resampling function.
-std::multiset<std::pair<int, int>> ratePairs(const std::string& table, const std::string& base,
-                                             const std::string& types, const std::string& descr) {
-    std::multiset<std::pair<int, int>> pairs;
-    for (const std::string& line : split(table, '\n')) {
-        std::vector<std::string> cells = split(line, ',');
-        if (cells.size() > 5 && cells[0] == base && cells[1] == types && cells[2] == descr)
-            pairs.insert({std::stoi(cells[3]), std::stoi(cells[4])});
+// No pair of equal rates; 8000, the table's last rate, as the out rate of
+// each of the other three.
+TEST(AlignCatalogue, ResamplingSkipsPairsOfEqualRates) {
+    std::multiset<std::pair<std::string, std::string>> pairs;
+    for (const auto& r : rowsOf(quickRun(kAlign).table, "vdlsResamplePolyphase", "32f", "Fast")) {
+        EXPECT_NE(r[3], r[4]);
+        pairs.insert({r[3], r[4]});
     }
-    return pairs;
-}
-
-TEST(AlignCatalogue, QuickRunOfTheFamilyPassesAndWalksWholeGrids) {
-    Sandbox box;
-    QuickRun run = runFamilyQuickly(box, family());
-    EXPECT_EQ(0, run.code);
-    EXPECT_EQ("25", summaryValue(run.summary, ".Number of tests"));
-    EXPECT_EQ(0, failures(run.summary));
-    EXPECT_EQ("0", summaryValue(run.summary, ".....-EXCPTFAIL "));
-
-    std::map<std::string, int> rows = rowsPerFunction(run.table);
-    // 3 heights by 3 widths by 2 deltas by 2 beams, one scale factor.
-    EXPECT_EQ(36, rows["vdlsDTW_L2_32f_D2L"]);
-    EXPECT_EQ(36, rows["vdlsDTW_L2_8u32s_D2Sfs"]);
-    // 4 lengths by the 12 pairs of different rates.
-    EXPECT_EQ(48, rows["vdlsResamplePolyphase_16s_Fast"]);
-    EXPECT_EQ(48, rows["vdlsResamplePolyphaseFixed_32f_Accur"]);
-    // Only the search walks the lags: 18 lengths by 6 by 6 by 2 steps.
-    EXPECT_EQ(1296, rows["vdlsCrossCorrCoeffDecim_16s32f"]);
-    EXPECT_EQ(18, rows["vdlsCrossCorrCoeffPartial_16s32f"]);
-    EXPECT_EQ(11, rows["vdlsNoiseSpectrumUpdate_Aurora_32s_Sfs"]);
-    EXPECT_EQ(6, rows["vdlsFilterUpdateEMNS_32s"]);
-
-    // No pair of equal rates; 8000 as the out rate, from the table's last
-    // entry, against each of the other three in rates.
-    std::multiset<std::pair<int, int>> pairs =
-        ratePairs(run.table, "vdlsResamplePolyphase", "32f", "Fast");
     EXPECT_EQ(48u, pairs.size());
-    for (const auto& p : pairs) EXPECT_NE(p.first, p.second);
-    EXPECT_EQ(0u, pairs.count({8000, 8000}));
-    EXPECT_EQ(4u, pairs.count({11025, 8000}));
-    EXPECT_EQ(4u, pairs.count({16000, 8000}));
-    EXPECT_EQ(4u, pairs.count({22050, 8000}));
-    EXPECT_EQ(4u, pairs.count({8000, 22050}));
+    for (const char* in : {"11025", "16000", "22050"})
+        EXPECT_EQ(4u, pairs.count({in, "8000"})) << in;
+    EXPECT_EQ(4u, pairs.count({"8000", "22050"}));
 }
 
 }  // namespace

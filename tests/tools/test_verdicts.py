@@ -1,18 +1,14 @@
 """Verdicts against synthetic runs whose effect is known."""
 
-import io
 import os
-import sys
 import tempfile
 import unittest
-from contextlib import redirect_stderr
 
 import numpy as np
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from tablemaker import SIZES, synthetic_side  # noqa: E402
-from kvcompare import cli, compare, stats  # noqa: E402
-from kvcompare.tables import Row, Run  # noqa: E402
+from tablemaker import SIZES, run_cli, synthetic_side
+from kvcompare import compare, stats
+from kvcompare.tables import Row, Run
 
 HEADER = ["funcBase", "funcDataType", "funcDescriptor", "Len/Size", "Parm1", "Comment",
           "Clocks", "per"]
@@ -108,10 +104,7 @@ class RegressionGate(unittest.TestCase):
             rng = np.random.default_rng(7)
             a = synthetic_side(os.path.join(tmp, "A"), rng, 5, 1.0, 0.01)
             b = synthetic_side(os.path.join(tmp, "B"), rng, 5, factor, 0.01)
-            out = io.StringIO()
-            with redirect_stderr(io.StringIO()):
-                code = cli.main(["compare", a, b, "--fail-on-regression"] + list(options), out)
-            return code, out.getvalue()
+            return run_cli("compare", a, b, "--fail-on-regression", *options)[:2]
 
     def test_exit_code_follows_the_slowest_function(self):
         code, out = self.gate(1.10)
