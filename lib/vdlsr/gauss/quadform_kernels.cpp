@@ -59,37 +59,6 @@ struct DirectTerm {
     }
 };
 
-// The elements of a vector summed as a tree of halves: log2(lanes) vector
-// additions instead of lanes - 1 scalar ones in a chain.
-template <class V>
-inline auto sumHalf(V v)
-{
-    constexpr int n = sizeof(V) / sizeof(v[0]);
-    if constexpr (n == 8) {
-        const auto lo = __builtin_shufflevector(v, v, 0, 1, 2, 3);
-        const auto hi = __builtin_shufflevector(v, v, 4, 5, 6, 7);
-        return sumHalf(lo + hi);
-    } else if constexpr (n == 4) {
-        const auto lo = __builtin_shufflevector(v, v, 0, 1);
-        const auto hi = __builtin_shufflevector(v, v, 2, 3);
-        return sumHalf(lo + hi);
-    } else {
-        return v[0] + v[1];
-    }
-}
-
-template <class A>
-inline A sumLanes(Vec<A> v)
-{
-    if constexpr (lanesOf<A> >= 16) {
-        const auto lo = __builtin_shufflevector(v, v, 0, 1, 2, 3, 4, 5, 6, 7);
-        const auto hi = __builtin_shufflevector(v, v, 8, 9, 10, 11, 12, 13, 14, 15);
-        return sumHalf(lo + hi);
-    } else {
-        return sumHalf(v);
-    }
-}
-
 // sumLanes of four vectors of eight lanes at once, with the additions of
 // sumLanes paired alike, so each sum is the same to the bit; the halves of
 // the rows are interleaved so that every addition serves two or four rows.
@@ -166,7 +135,7 @@ template <class Term, class A, class T, int rows, bool Shared>
     } else {
 #pragma GCC unroll 8
         for (int r = 0; r < rows; ++r)
-            s[r] = sumLanes<A>(sum0[r] + sum1[r]);
+            s[r] = sumLanes(sum0[r] + sum1[r]);
     }
 #pragma GCC unroll 8
     for (int r = 0; r < rows; ++r) {
