@@ -408,27 +408,20 @@ TEST_F(CommonDataTest, AccuracyLimits) {
 
 TEST_F(CommonDataTest, TimingMethodFromData) {
     LogCapture out;
-    set("Method=stat");
-    set("NumCalls=7");
+    for (const char* item : {"Method=stat", "NumCalls=7", "StartNumLoops=16", "StopNumLoops=100"})
+        set(item);
     EXPECT_EQ(0, session.readTimingMethod());
-    int calls = 0;
-    long long clocks = 0;
-    ASSERT_TRUE(g_tool.getMethodStat(calls, clocks));
-    EXPECT_EQ(7, calls);
-    EXPECT_EQ(10000, clocks);
-
+    EXPECT_EQ(KV_METHOD_STATISTIC, g_tool.m_method);
+    EXPECT_EQ(7, g_tool.m_statCalls);
+    EXPECT_EQ(10000, g_tool.m_statClocks);
     set("Method=Iterative");
-    set("StartNumLoops=16");
-    set("StopNumLoops=100");
     session.readTimingMethod();
-    int start = 0, stop = 0;
-    ASSERT_TRUE(g_tool.getMethodBest(start, stop, clocks));
-    EXPECT_EQ(16, start);
-    EXPECT_EQ(128, stop);
-
+    EXPECT_EQ(KV_METHOD_ITERATIVE, g_tool.m_method);
+    EXPECT_EQ(16, g_tool.m_startLoops);
+    EXPECT_EQ(128, g_tool.m_maxLoops);
     set("Method=x");
     session.readTimingMethod();
-    EXPECT_TRUE(g_tool.getMethodAuto());
+    EXPECT_EQ(KV_METHOD_AUTO, g_tool.m_method);
     EXPECT_THAT(out.text(), HasSubstr("Invalid value of Method = x\n"));
 }
 
