@@ -270,23 +270,21 @@ TEST_F(KvToolTest, ManualWithOnlyCallKeepsWarmUpOutsideTheBracket) {
     EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=10");
 }
 
-TEST_F(KvToolTest, ManualWithoutLoopOrCallFallsBackToStatistic) {
+// Manual without a loop or call runs Statistic with its count, and the other
+// way round.
+TEST_F(KvToolTest, EachMethodFallsBackToTheOtherWithItsCount) {
     m_tool.setMethodLoop(7);
     EXPECT_EQ(m_tool.timing(0, scriptedStat, 0, 0), KV_OK);
     EXPECT_EQ(s.statCalls, 7);
     EXPECT_EQ(s.statClocks, 0);
     EXPECT_EQ(m_tool.m_funcClocks, 100.0);
-    EXPECT_EQ(output(),
-              " ATTENTION! The test cannot execute Manual loop timing.\n"
-              " Statistic timing will be run instead.\n");
-}
-
-TEST_F(KvToolTest, StatisticWithoutStatOrCallFallsBackToManual) {
     m_tool.setMethodStat(12, 5000);
     s.perCall = {30};
     EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_OK);
     EXPECT_EQ(s.loops, (std::vector<int>{12}));
     EXPECT_EQ(output(),
+              " ATTENTION! The test cannot execute Manual loop timing.\n"
+              " Statistic timing will be run instead.\n"
               " ATTENTION! The test cannot execute Statistic timing.\n"
               " Manual loop timing will be run instead.\n");
 }
