@@ -212,25 +212,6 @@ TEST_F(KvToolTest, RepeatTimingReusesTheFigureJustMade) {
     EXPECT_TRUE(s.loops.empty());
 }
 
-TEST_F(KvToolTest, IterativeUsesTheUserSettings) {
-    m_tool.setMethodBest(100, 200, 1000);
-    s.perCall = {20};
-    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_OK);
-    EXPECT_EQ(s.loops, (std::vector<int>{100, 400}));
-}
-
-TEST_F(KvToolTest, IterativeFromTheHighestStartEndsAtTheLimit) {
-    // Every figure disagrees with the one before: the search doubles to the
-    // limit, repeats there and would go on at four times the count.
-    for (int i = 0; i < 20; ++i) s.perCall.push_back(i % 2 ? 200 : 100);
-    m_tool.setMethodBest(INT_MAX, INT_MAX, 10);
-    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_ACCURWRN);
-    EXPECT_EQ(s.loops.front(), kvTool::MAX_LOOPS / 8);
-    EXPECT_EQ(*std::max_element(s.loops.begin(), s.loops.end()), kvTool::MAX_LOOPS);
-    EXPECT_EQ(s.loops.back(), kvTool::MAX_LOOPS);
-    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=16777216 acc=50.0%");
-}
-
 TEST_F(KvToolTest, DoublingPastTheLimitStopsWithTheLastCountUsed) {
     s.perCall = {100, 300};
     m_tool.m_funcLoop = scriptedLoop;
