@@ -352,12 +352,11 @@ TEST_F(DlVector, MatrixRowsAndStride) {
     exact.deleteMatrice();
     EXPECT_EQ(exact.m_data, nullptr);
     EXPECT_EQ(exact.rows(), 0);
-}
 
-TEST_F(DlVector, MatrixPrintsOneLinePerRow) {
-    dlrMatrice m(DL_8U);
-    ASSERT_TRUE(m.createMatrice(2, 3, SET_SEQUENCE, 1, 3));
-    g_ostrm << ERR << m << endMsgFlush;
+    // Printed one line per row.
+    dlrMatrice bytes8(DL_8U);
+    ASSERT_TRUE(bytes8.createMatrice(2, 3, SET_SEQUENCE, 1, 3));
+    g_ostrm << ERR << bytes8 << endMsgFlush;
     EXPECT_EQ(m_errors.text(), "   1   2   3\n   1   2   3\n");
 }
 

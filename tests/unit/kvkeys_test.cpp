@@ -106,7 +106,7 @@ protected:
 
 // ---------------------------------------------------------------- tokenizer
 
-TEST(KvCommandList, Tokenizing) {
+TEST(KvCommandList, TokenizingAndTheLastOccurrence) {
     EXPECT_EQ("f:-abc", tokenize({"-f-", "abc"}));
     EXPECT_EQ("f:=x B:", tokenize({"-f=", "x", "/B"}));
     EXPECT_EQ("f:+ B:", tokenize({"-f+", "-B"}));
@@ -119,9 +119,8 @@ TEST(KvCommandList, Tokenizing) {
     EXPECT_EQ("B:", tokenize({"junk", "more", "-B"}));
     EXPECT_FALSE(isKeyString("ab"));
     EXPECT_EQ("B: f:Log d:a=1 L:WARN", tokenizeLine("-B;-fLog  -d a=1\t-LWARN\r\n"));
-}
 
-TEST(KvCommandList, LastOccurrenceWins) {
+    // The last occurrence of a key wins.
     kvCommandList list;
     list.setArgs("-pA -B -pB -n");
     kvString arg;
