@@ -39,6 +39,13 @@ std::string capture(const std::function<void()>& body) {
     return out.text();
 }
 
+// The statistic form asked for n calls: its result must be `want`; returns
+// what it wrote.
+std::string stat(int& n, kvResult want) {
+    long long clocks = 0;
+    return capture([&] { EXPECT_EQ(want, tim_fakeFunction_stat(&n, &clocks)); });
+}
+
 class DlTrio : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -59,8 +66,7 @@ TEST_F(DlTrio, WarmUpCallBeforeEveryMeasurement) {
     EXPECT_EQ(7, g_calls);
     // Without a clock target the statistic form makes exactly the calls asked.
     int n = 4;
-    clocks = 0;
-    EXPECT_EQ(KV_OK, tim_fakeFunction_stat(&n, &clocks));
+    stat(n, KV_OK);
     EXPECT_EQ(4, n);
     EXPECT_EQ(12, g_calls);
 }
@@ -72,20 +78,16 @@ TEST_F(DlTrio, WarmUpWarningIsReplacedInLoopButKeptInStat) {
     g_calls = 0;
     g_script = {0, 3, 0, 0};  // warm-up pass, then a warning in a measured call
     int n = 3;
-    clocks = 0;
-    std::string text = capture([&] { EXPECT_EQ(KV_FUNCWRN, tim_fakeFunction_stat(&n, &clocks)); });
+    EXPECT_EQ("--VDL WARNING. status = 3 in fakeFunction: Warning\n", stat(n, KV_FUNCWRN));
     EXPECT_EQ(3, n);
-    EXPECT_EQ("--VDL WARNING. status = 3 in fakeFunction: Warning\n", text);
     EXPECT_EQ(KV_FUNCWRN, kvTest::m_currentResult);
 }
 
 TEST_F(DlTrio, StatLeavesAtTheFirstError) {
     g_script = {0, 0, -7};
     int n = 10;
-    long long clocks = 0;
-    std::string text = capture([&] { EXPECT_EQ(KV_FUNCFAIL, tim_fakeFunction_stat(&n, &clocks)); });
+    EXPECT_EQ("--VDL ERROR. status = -7 in fakeFunction: Error\n", stat(n, KV_FUNCFAIL));
     EXPECT_EQ(1, n);
-    EXPECT_EQ("--VDL ERROR. status = -7 in fakeFunction: Error\n", text);
     EXPECT_EQ(KV_FUNCFAIL, kvTest::m_currentResult);
 }
 

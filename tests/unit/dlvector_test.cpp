@@ -6,6 +6,7 @@
 #include <climits>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -18,6 +19,22 @@
 namespace {
 
 std::string str(const kvString& s) { return s.c_str(); }
+
+// Element i of a complex vector as "re,im".
+std::string complexAt(const dlVector& v, int i) {
+    double re = 0, im = 0;
+    v.getIndex(i, re, im);
+    char text[64];
+    snprintf(text, sizeof text, "%g,%g", re, im);
+    return text;
+}
+
+// The first n elements as their real parts.
+std::vector<double> values(const dlVector& v, int n) {
+    std::vector<double> r;
+    for (int i = 0; i < n; ++i) r.push_back(v.getIndex(i));
+    return r;
+}
 
 std::string refusal(const char* bytes) {
     return std::string("-- Memory error: can't allocate ") + bytes + " bytes\n";
@@ -144,15 +161,15 @@ TEST_F(DlVector, GeneratorFromSeedSeven) {
     // Equal bounds mean that range, not a constant; the seeded form restarts.
     dlVector s(DL_16S);
     ASSERT_TRUE(s.createVector(6, -1));
-    const std::vector<short> want16s = {-17957, -24245, -4145, -21101, 5117, -13716};
+    const std::vector<double> want16s = {-17957, -24245, -4145, -21101, 5117, -13716};
     dlVector::m_seed = 7;
     s.setRandom();
-    EXPECT_EQ(std::vector<short>((short*)s, (short*)s + 6), want16s);
+    EXPECT_EQ(values(s, 6), want16s);
     dlVector::m_seed = 7;
     s.setVector(SET_RANDOM, 5.0, 5.0);
-    EXPECT_EQ(std::vector<short>((short*)s, (short*)s + 6), want16s);
+    EXPECT_EQ(values(s, 6), want16s);
     s.setRandom(-32768, 32767, 7);
-    EXPECT_EQ(std::vector<short>((short*)s, (short*)s + 6), want16s);
+    EXPECT_EQ(values(s, 6), want16s);
     s.setDataRandom(s.m_data, 0, -1, 1);  // an empty fill leaves the seed
     EXPECT_EQ(dlVector::m_seed, 1168307477u);
 }
@@ -161,10 +178,8 @@ TEST_F(DlVector, GeneratorDrawsComplexPartsIndependentlyAndClamps) {
     dlVector c(DL_32FC);
     ASSERT_TRUE(c.createVector(2, -1));
     c.setRandom();
-    double re = 0, im = 0;
-    c.getIndex(0, re, im);
-    EXPECT_FLOAT_EQ((float)re, -0.548009813f);
-    EXPECT_FLOAT_EQ((float)im, -0.73990643f);
+    EXPECT_FLOAT_EQ(((float*)c.m_data)[0], -0.548009813f);
+    EXPECT_FLOAT_EQ(((float*)c.m_data)[1], -0.73990643f);
 
     // A range beyond the type's limits is the type's range.
     dlVector a(DL_8U), b(DL_8U);
@@ -185,7 +200,7 @@ TEST_F(DlVector, Sequences) {
     // Integers: the step 0.5 is raised to 1, and behind 10 it starts again.
     dlVector s(DL_16S);
     ASSERT_TRUE(s.createVector(20, SET_SEQUENCE, 0, 10));
-    for (int i = 0; i < 20; ++i) EXPECT_EQ(s.getIndex(i), i <= 10 ? i : i - 11) << i;
+    EXPECT_EQ(values(s, 13), (std::vector<double>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 0, 1}));
 
     // Floats divide by the length and end one step short.
     dlVector f(DL_32F);
@@ -201,16 +216,12 @@ TEST_F(DlVector, Sequences) {
     dlVector u(DL_8U);
     ASSERT_TRUE(u.createVector(6, -1));
     u.setSequence(-5, 3, 1, false);
-    const double noWrap[] = {0, 1, 2, 3, 3, 3};
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(u.getIndex(i), noWrap[i]) << i;
+    EXPECT_EQ(values(u, 6), (std::vector<double>{0, 1, 2, 3, 3, 3}));
 
     dlVector one(DL_16SC);
     ASSERT_TRUE(one.createVector(1, -1));
     one.setSequence(4, 9);
-    double re = 0, im = 9;
-    one.getIndex(0, re, im);
-    EXPECT_EQ(re, 4);
-    EXPECT_EQ(im, 0);
+    EXPECT_EQ(complexAt(one, 0), "4,0");
 }
 
 TEST_F(DlVector, JaehneChirp) {
@@ -229,27 +240,23 @@ TEST_F(DlVector, JaehneChirp) {
     dlVector u(DL_8U);
     ASSERT_TRUE(u.createVector(4, -1));
     u.setJaehne(1000);
-    EXPECT_EQ(u.getIndex(0), 127);                                        // 127.5
-    EXPECT_EQ(u.getIndex(1), std::trunc(127.5 * std::sin(M_PI / 8) + 127.5));
-    EXPECT_EQ(u.getIndex(2), 255);
-    EXPECT_EQ(u.getIndex(3), std::trunc(127.5 * std::sin(9 * M_PI / 8) + 127.5));
+    const double above = std::trunc(127.5 * std::sin(M_PI / 8) + 127.5);
+    const double below = std::trunc(127.5 * std::sin(9 * M_PI / 8) + 127.5);
+    EXPECT_EQ(values(u, 4), (std::vector<double>{127, above, 255, below}));  // 127.5 first
 
     dlVector s(DL_16SC);
     ASSERT_TRUE(s.createVector(4, -1));
     s.setJaehne();  // half the distance of the limits, no offset
-    double re = 0, im = 0;
-    s.getIndex(2, re, im);
-    EXPECT_EQ(re, 32767);
-    EXPECT_EQ(im, 32767);
+    EXPECT_EQ(complexAt(s, 2), "32767,32767");
 }
 
 TEST_F(DlVector, ConversionTruncatesIntegersAndRoundsFloats) {
     dlVector s(DL_16S);
     ASSERT_TRUE(s.createVector(1, -1));
-    s.setConst(-2.9, 0);
-    EXPECT_EQ(s.getIndex(0), -2);
-    s.setConst(2.9, 0);
-    EXPECT_EQ(s.getIndex(0), 2);
+    for (double v : {-2.9, 2.9}) {
+        s.setConst(v, 0);
+        EXPECT_EQ(s.getIndex(0), std::trunc(v));
+    }
 
     dlVector f(DL_32F);
     ASSERT_TRUE(f.createVector(1, -1));
@@ -270,13 +277,8 @@ TEST_F(DlVector, ModesOfOneElement) {
     c.setIndex(1, SET_SEQUENCE, 5, 6);
     c.setIndex(2, SET_VALUE, 3, -4);
     c.setIndex(3, SET_DEFAULT, 0, 0);
-    const double want[][2] = {{32767, 0}, {5, 0}, {3, -4}, {2, 2}};
-    for (int i = 0; i < 4; ++i) {
-        double re = 0, im = 0;
-        c.getIndex(i, re, im);
-        EXPECT_EQ(re, want[i][0]) << i;
-        EXPECT_EQ(im, want[i][1]) << i;
-    }
+    const char* const want[] = {"32767,0", "5,0", "3,-4", "2,2"};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(complexAt(c, i), want[i]) << i;
     c.setVector(SET_ONE, 9, 9);
     c.setVector(99, 7, 7);  // unknown mode: nothing
     EXPECT_EQ(c.getIndex(3), 1);
@@ -350,12 +352,11 @@ TEST_F(DlVector, MatrixRowsAndStride) {
     exact.deleteMatrice();
     EXPECT_EQ(exact.m_data, nullptr);
     EXPECT_EQ(exact.rows(), 0);
-}
 
-TEST_F(DlVector, MatrixPrintsOneLinePerRow) {
-    dlrMatrice m(DL_8U);
-    ASSERT_TRUE(m.createMatrice(2, 3, SET_SEQUENCE, 1, 3));
-    g_ostrm << ERR << m << endMsgFlush;
+    // Printed one line per row.
+    dlrMatrice bytes8(DL_8U);
+    ASSERT_TRUE(bytes8.createMatrice(2, 3, SET_SEQUENCE, 1, 3));
+    g_ostrm << ERR << bytes8 << endMsgFlush;
     EXPECT_EQ(m_errors.text(), "   1   2   3\n   1   2   3\n");
 }
 
@@ -398,10 +399,7 @@ TEST_F(DlVector, VectorsAndMatrixRowsOfAByteMisalignedSetWork) {
     ASSERT_TRUE(d.createVector(9, SET_RANDOM, -1, 1));
     EXPECT_EQ((uintptr_t)d.m_data % 64, 3u);
     d.setIndex(8, SET_VALUE, 2.5, -1.5);
-    double re = 0, im = 0;
-    d.getIndex(8, re, im);
-    EXPECT_EQ(re, 2.5);
-    EXPECT_EQ(im, -1.5);
+    EXPECT_EQ(complexAt(d, 8), "2.5,-1.5");
     // The rows of an odd stride are misaligned one by one.
     kvTest::m_vectorNum = 0;
     dlrMatrice m(DL_32F);

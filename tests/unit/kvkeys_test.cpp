@@ -1,5 +1,6 @@
 // Command keys: the tokenizer, argument translations, run selection, the
-// report line of each key, help, and the run's common parameters.
+// report line of each key, help, the run's common parameters, and the
+// session's file naming, signal file, library hooks and registration.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -105,7 +106,7 @@ protected:
 
 // ---------------------------------------------------------------- tokenizer
 
-TEST(KvCommandList, Tokenizing) {
+TEST(KvCommandList, TokenizingAndTheLastOccurrence) {
     EXPECT_EQ("f:-abc", tokenize({"-f-", "abc"}));
     EXPECT_EQ("f:=x B:", tokenize({"-f=", "x", "/B"}));
     EXPECT_EQ("f:+ B:", tokenize({"-f+", "-B"}));
@@ -118,9 +119,8 @@ TEST(KvCommandList, Tokenizing) {
     EXPECT_EQ("B:", tokenize({"junk", "more", "-B"}));
     EXPECT_FALSE(isKeyString("ab"));
     EXPECT_EQ("B: f:Log d:a=1 L:WARN", tokenizeLine("-B;-fLog  -d a=1\t-LWARN\r\n"));
-}
 
-TEST(KvCommandList, LastOccurrenceWins) {
+    // The last occurrence of a key wins.
     kvCommandList list;
     list.setArgs("-pA -B -pB -n");
     kvString arg;
@@ -407,27 +407,20 @@ TEST_F(CommonDataTest, AccuracyLimits) {
 
 TEST_F(CommonDataTest, TimingMethodFromData) {
     LogCapture out;
-    set("Method=stat");
-    set("NumCalls=7");
+    for (const char* item : {"Method=stat", "NumCalls=7", "StartNumLoops=16", "StopNumLoops=100"})
+        set(item);
     EXPECT_EQ(0, session.readTimingMethod());
-    int calls = 0;
-    long long clocks = 0;
-    ASSERT_TRUE(g_tool.getMethodStat(calls, clocks));
-    EXPECT_EQ(7, calls);
-    EXPECT_EQ(10000, clocks);
-
+    EXPECT_EQ(KV_METHOD_STATISTIC, g_tool.m_method);
+    EXPECT_EQ(7, g_tool.m_statCalls);
+    EXPECT_EQ(10000, g_tool.m_statClocks);
     set("Method=Iterative");
-    set("StartNumLoops=16");
-    set("StopNumLoops=100");
     session.readTimingMethod();
-    int start = 0, stop = 0;
-    ASSERT_TRUE(g_tool.getMethodBest(start, stop, clocks));
-    EXPECT_EQ(16, start);
-    EXPECT_EQ(128, stop);
-
+    EXPECT_EQ(KV_METHOD_ITERATIVE, g_tool.m_method);
+    EXPECT_EQ(16, g_tool.m_startLoops);
+    EXPECT_EQ(128, g_tool.m_maxLoops);
     set("Method=x");
     session.readTimingMethod();
-    EXPECT_TRUE(g_tool.getMethodAuto());
+    EXPECT_EQ(KV_METHOD_AUTO, g_tool.m_method);
     EXPECT_THAT(out.text(), HasSubstr("Invalid value of Method = x\n"));
 }
 
@@ -471,6 +464,64 @@ TEST_F(CommonDataTest, CommonParametersAreReadOnce) {
     EXPECT_THAT(out.text(), HasSubstr("Specify common test parameters, please"));
     delete g_pParmList;
     g_pParmList = saved;
+}
+
+
+TEST(KvSessionPaths, DirectoriesAreRelativeToTheExecutable) {
+    kvSession::m_exePath = "/opt/kv/bin/kelvar";
+    EXPECT_STREQ("/opt/kv/bin/", kvSession::genDirName("").c_str());
+    EXPECT_STREQ("/opt/kv/bin/out/", kvSession::genDirName("out").c_str());
+    EXPECT_STREQ("/abs/", kvSession::genDirName("/abs").c_str());
+    EXPECT_STREQ("C:\\x\\", kvSession::genDirName("C:\\x\\").c_str());
+    kvSession::m_exePath = "kelvar";
+    EXPECT_STREQ("", kvSession::genDirName("").c_str());
+}
+
+TEST(KvSessionPaths, FileNamesTakeTheirEnding) {
+    kvSession s;
+    kvSession::m_exePath = "/opt/kv/bin/kelvar.exe";
+    s.setOutDir("");
+    s.setDefName("");
+    EXPECT_STREQ("kelvar", kvSession::m_defName.c_str());
+    EXPECT_STREQ("/opt/kv/bin/kelvar_sum.csv", kvSession::genOutPath("", "_sum.csv").c_str());
+    EXPECT_STREQ("/opt/kv/bin/foo.csv", kvSession::genOutPath("foo.csv", "_sum.csv").c_str());
+    EXPECT_STREQ("/opt/kv/bin/./r", kvSession::genOutPath("./r", ".csv").c_str());
+    EXPECT_STREQ("/tmp/a", kvSession::genOutPath("/tmp/a", ".csv").c_str());
+    s.setOutDir("/out");
+    EXPECT_STREQ("/out/x.txt", kvSession::getOutPath("/out/x.txt").c_str());
+    s.setDefName("title");
+    EXPECT_STREQ("/out/title.ini", kvSession::genOutPath("", ".ini").c_str());
+}
+
+TEST(KvSessionSignal, SignalFileHoldsElapsedAndEndTime) {
+    TempDir dir;
+    std::string path = dir.path("run.end").c_str();
+    kvSession s;
+    s.outputSignal();  // no name: nothing, and no crash without a list
+    s.setSglName(path.c_str());
+    s.outputSignal();
+    std::string text = readFile(path.c_str());
+    EXPECT_EQ(0u, text.find("00:00:00\n"));
+    EXPECT_EQ("\n\n", text.substr(text.size() - 2));
+}
+
+TEST(KvSessionHooks, FallbacksMarkTheMissingLibrary) {
+    vdl_Init = 0;
+    vdl_GetStatusString = 0;
+    kvBindVdlFallbacks();
+    EXPECT_EQ(-2, vdl_Init());
+    EXPECT_EQ(-2, vdl_SetNumThreads(2));
+    EXPECT_STREQ("Error", vdl_GetStatusString(-5));
+    EXPECT_STREQ("Warning", vdl_GetStatusString(3));
+}
+
+TEST(KvSessionRegistration, LibraryInfoDropsRepeats) {
+    EXPECT_EQ(1, kvRegLibInfo("lib, 1.0, today"));
+    EXPECT_EQ(0, kvRegLibInfo("lib, 1.0, today"));
+    EXPECT_EQ(0, kvRegLibFunc(""));
+    EXPECT_EQ(1, kvRegLibFunc("vdlsX_32f"));
+    EXPECT_EQ(1, kvRegCmdLine("-B"));
+    EXPECT_STREQ(" -B", pCmdLine->c_str());
 }
 
 }  // namespace

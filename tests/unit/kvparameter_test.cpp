@@ -122,10 +122,8 @@ TEST(Defaults, AlignAndShiftAreNormalised) {
 
 TEST(Maps, NamesMayBeShortenedAndTheEarlierNameWins) {
     kvMapDefault<int> method(0, "Method", "");
-    method[0] = "Auto";
-    method[1] = "Manual";
-    method[2] = "Statistic";
-    method[3] = "Iterative";
+    int v = 0;
+    for (const char* name : {"Auto", "Manual", "Statistic", "Iterative"}) method[v++] = name;
     EXPECT_STREQ(method.prompt().c_str(), "Method {Auto|Manual|Statistic|Iterative}");
     method.translate("stat");
     EXPECT_EQ(method.value(), 2);
@@ -137,12 +135,11 @@ TEST(Maps, NamesMayBeShortenedAndTheEarlierNameWins) {
     kvMapIterator<int> hint;
     hint.resetMap();
     hint.init("Hint");
-    hint.addValidation(1, "full");
-    hint.addValidation(2, "kmeansLong");
-    hint.addValidation(3, "kmeansNum");
-    hint.add(1);
-    hint.add(2);
-    hint.add(3);
+    v = 1;
+    for (const char* name : {"full", "kmeansLong", "kmeansNum"}) {
+        hint.addValidation(v, name);
+        hint.add(v++);
+    }
     EXPECT_STREQ(hint.defaultString().c_str(), "full; kmeansLong; kmeansNum");
     hint.translate("KMEANSn; k; f");
     EXPECT_EQ(walk(hint), (std::vector<int>{3, 2, 1}));

@@ -74,23 +74,19 @@ TEST(KvString, NumberFormats) {
 }
 
 TEST(KvString, ParsingNumbersSetsMarkOnlyWhenNothingConverts) {
-    kvString hex("0x1F"), blankHex(" 0x1F"), partial("12abc"), bad("abc"), none("");
-    int v = 5;
-    v << hex;
-    EXPECT_EQ(31, v);
-    v << blankHex;
-    EXPECT_EQ(0, v);  // only the first two characters decide on hexadecimal
-    v << partial;
-    EXPECT_EQ(12, v);
-    EXPECT_FALSE(partial.errorConvertion());
-    v = 5;
-    v << bad;
-    EXPECT_EQ(5, v);
-    EXPECT_TRUE(bad.errorConvertion());
-    v << none;  // empty text: end of input, no mark, value kept
-    EXPECT_EQ(5, v);
-    EXPECT_FALSE(none.errorConvertion());
-    EXPECT_FALSE(kvString(bad).errorConvertion());  // the mark is not copied
+    struct Case { const char* text; int value; bool mark; };
+    const Case cases[] = {{"0x1F", 31, false},
+                          {" 0x1F", 0, false},  // only the first two characters decide on hex
+                          {"12abc", 12, false}, {"abc", 5, true},
+                          {"", 5, false}};      // empty text: end of input, value kept
+    for (const Case& c : cases) {
+        kvString text(c.text);
+        int v = 5;
+        v << text;
+        EXPECT_EQ(c.value, v) << c.text;
+        EXPECT_EQ(c.mark, text.errorConvertion()) << c.text;
+        EXPECT_FALSE(kvString(text).errorConvertion());  // the mark is not copied
+    }
 
     kvString big("0x100000000");
     long long ll = 0;

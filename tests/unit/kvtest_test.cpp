@@ -124,25 +124,45 @@ TEST_F(KvTestLifecycle, OdometerOrderAndConstantsOnce) {
     EXPECT_EQ(0u, table.find("grid,1,20,nLps=4,"));
 }
 
-// A parameter without values, or a test that cannot start, is a data failure.
-TEST_F(KvTestLifecycle, EmptyFirstSetOrNoStartIsDataFail) {
-    class Empty : public kvTest {
-    public:
-        Empty(bool start) : kvTest(fixedLoop, (funcStat)0, "empty", "e", "TimEmpty"), m_start(start) {}
-        bool canStart() override {
-            p.reset();
-            m_parms.insert(m_parms.end(), &p);
-            return m_start;
+// A test whose canStart leaves a parameter without values, refuses, or throws
+// on a '+' iterator with a negative step.
+class Unstartable : public kvTest {
+public:
+    enum Fault { EMPTY, REFUSED, THROWS };
+    explicit Unstartable(Fault f)
+        : kvTest(fixedLoop, (funcStat)0, "unstartable", "u", "TimU"), m_f(f) {}
+    bool canStart() override {
+        p.reset();
+        if (m_f == THROWS) p.init("P", 1, 10, -1, (StepOprtn)'+');
+        m_parms.insert(m_parms.end(), &p);
+        return m_f != REFUSED;
+    }
+    kvStepIterator<int> p;
+    Fault m_f;
+};
+
+// Each ends the test before any measurement, with its reason in the log.
+TEST_F(KvTestLifecycle, TestsThatCannotStartMeasureNothing) {
+    const struct {
+        Unstartable::Fault fault;
+        kvResult result;
+        const char* message;
+    } cases[] = {
+        {Unstartable::EMPTY, KV_DATAFAIL, "-- One of argument list for timing is empty\n"},
+        {Unstartable::REFUSED, KV_DATAFAIL, "-- Can't start timing\n"},
+        {Unstartable::THROWS, KV_EXCPTFAIL,
+         "--VDL. Exception: Conflict between iterator limits and operation in canStart\n"},
+    };
+    for (const auto& c : cases) {
+        Capture cap;
+        Unstartable test(c.fault);
+        EXPECT_EQ(c.result, test.run()) << c.message;
+        EXPECT_THAT(cap.text(), HasSubstr(c.message));
+        if (c.result == KV_DATAFAIL) {
+            EXPECT_THAT(cap.text(), HasSubstr("-DATAFAIL"));
         }
-        kvIterator<int> p;  // no values at all
-        bool m_start;
-    } empty(true), noStart(false);
-    Capture cap;
-    EXPECT_EQ(KV_DATAFAIL, empty.run());
-    EXPECT_THAT(cap.text(), HasSubstr("-- One of argument list for timing is empty\n"));
-    EXPECT_EQ(KV_DATAFAIL, noStart.run());
-    EXPECT_THAT(cap.text(), HasSubstr("-- Can't start timing\n"));
-    EXPECT_THAT(cap.text(), HasSubstr("-DATAFAIL"));
+    }
+    EXPECT_EQ(0, g_calls);
 }
 
 TEST_F(KvTestLifecycle, SignalEndsTestAndNextTestRuns) {
@@ -154,23 +174,6 @@ TEST_F(KvTestLifecycle, SignalEndsTestAndNextTestRuns) {
     EXPECT_EQ(KV_EXCPTFAIL, bad.run());   // a second fault is caught the same way
     kvTest good(fixedLoop, (funcStat)0, "healthy", "h", "TimOk");
     EXPECT_EQ(KV_OK, good.run());
-}
-
-TEST_F(KvTestLifecycle, ExceptionInCanStartNamesThePlace) {
-    class BadDefault : public kvTest {
-    public:
-        BadDefault() : kvTest(fixedLoop, (funcStat)0, "baddefault", "b", "TimBad") {}
-        bool canStart() override {
-            p.reset();
-            p.init("P", 1, 10, -1, (StepOprtn)'+');  // '+' with a negative step
-            return true;
-        }
-        kvStepIterator<int> p;
-    } test;
-    Capture cap;
-    EXPECT_EQ(KV_EXCPTFAIL, test.run());
-    EXPECT_THAT(cap.text(), HasSubstr("--VDL. Exception: Conflict between iterator limits and operation "
-                              "in canStart\n"));
 }
 
 TEST_F(KvTestLifecycle, CacheKeyWithoutSupportMeasuresNothing) {

@@ -68,6 +68,12 @@ int slowFirstCall() {
     return 0;
 }
 
+// n figures that swing between a and b after the given head: no two agree.
+std::vector<double> swing(size_t n, double a, double b, std::vector<double> head = {}) {
+    while (head.size() < n) head.push_back(head.size() % 2 ? b : a);
+    return head;
+}
+
 // Catches the errors and warnings written to g_ostrm during each test.
 class KvToolTest : public ::testing::Test {
 protected:
@@ -128,53 +134,59 @@ TEST_F(KvToolTest, TextsAndFigures) {
     EXPECT_EQ(kvTool::computeBest(v, 4), 90.0);
 }
 
-// The loop counts that the automatic search asks for, and what it settles on.
-TEST_F(KvToolTest, AutomaticSearchSteps) {
+// The loop counts that the automatic and iterative searches ask for, and what
+// they settle on. Iterative cases give their start and limit.
+TEST_F(KvToolTest, SearchSteps) {
     const struct {
         const char* what;
         std::vector<double> perCall;
         std::vector<int> loops;
         kvResult result;
-        double figure;
+        const char* comment;
+        int start = 0, max = 0;  // iterative settings
+        long long minClocks = 0;
     } cases[] = {
-        {"agreement within 1 % stops at once", {100, 100.5}, {1, 4}, KV_OK, 100.5},
+        {"agreement within 1 % stops at once", {100, 100.5}, {1, 4}, KV_OK, "nLps=4"},
         // 2 * |41 - 39| / 80 is exactly the target of 5 %.
-        {"agreement at the target is confirmed by repeats", {39, 41}, {1, 4, 4, 4}, KV_OK, 41},
+        {"agreement at the target is confirmed by repeats", {39, 41}, {1, 4, 4, 4}, KV_OK,
+         "nLps=4"},
         {"failed repeats go on at four times the count", {100, 103, 80, 120, 80}, {1, 4, 4, 4, 16},
-         KV_OK, 80},
-        {"zero clocks once is retried", {0, 100}, {1, 1, 4}, KV_OK, 100},
+         KV_OK, "nLps=16"},
+        {"zero clocks once is retried", {0, 100}, {1, 1, 4}, KV_OK, "nLps=4"},
         {"zero clocks twice at both prior counts fails", {0}, {1, 1, 10, 10}, KV_ACCURFAIL, 0},
-        {"a short prior run raises the count tenfold", {5, 5, 5}, {1, 10, 40}, KV_OK, 5},
+        {"a short prior run raises the count tenfold", {5, 5, 5}, {1, 10, 40}, KV_OK, "nLps=40"},
+        {"no agreement ends at the limit with a warning", swing(12, 100, 200),
+         {1, 4, 8, 16, 32, 64, 128, 256, 512, 1024, 2048, 2048, 2048}, KV_ACCURWRN,
+         "nLps=2048 acc=40.0%"},
+        {"a short prior run raises the limit tenfold", swing(13, 20, 5, {5}),
+         {1, 10, 40, 80, 160, 320, 640, 1280, 2560, 5120, 10240, 20480, 20480, 20480}, KV_ACCURWRN,
+         "nLps=20480 acc=66.7%"},
+        {"iterative starts and stops where the user says", {20}, {100, 400}, KV_OK, "nLps=400",
+         100, 200, 1000},
+        // Every figure disagrees with the one before: the search doubles to
+        // the limit and repeats there.
+        {"iterative from the highest start ends at the limit", swing(20, 100, 200),
+         {1 << 21, 1 << 23, 1 << 24, 1 << 24, 1 << 24}, KV_ACCURWRN, "nLps=16777216 acc=50.0%",
+         INT_MAX, INT_MAX, 10},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         s = Script();
-        EXPECT_EQ(runAuto(c.perCall), c.result);
+        s.perCall = c.perCall;
+        m_tool = kvTool();
+        if (c.start) m_tool.setMethodBest(c.start, c.max, c.minClocks);
+        EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), c.result);
         EXPECT_EQ(s.loops, c.loops);
+        if (c.comment) {
+            EXPECT_STREQ(m_tool.m_comment.c_str(), c.comment);
+        }
         if (c.result == KV_OK) {
-            EXPECT_EQ(m_tool.m_funcClocks, c.figure);
-            EXPECT_EQ(m_tool.m_comment.c_str(), "nLps=" + std::to_string(c.loops.back()));
+            EXPECT_EQ(m_tool.m_funcClocks, c.perCall.back());
         }
     }
-}
-
-TEST_F(KvToolTest, LimitWithoutAgreementEndsAtLimitWithWarning) {
-    // Every doubling disagrees, and so do the two repeats at the limit.
-    EXPECT_EQ(runAuto({100, 200, 100, 200, 100, 200, 100, 200, 100, 200, 100, 200}),
-              KV_ACCURWRN);
-    EXPECT_EQ(s.loops.size(), 13u);  // 1, then 4 .. 2048, then two repeats
-    EXPECT_EQ(s.loops.back(), 2048);
-    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=2048 acc=40.0%");
-}
-
-TEST_F(KvToolTest, ShortPriorRunRaisesTheLimitTenfold) {
-    EXPECT_EQ(runAuto({5, 5, 20, 5, 20, 5, 20, 5, 20, 5, 20, 5, 20}), KV_ACCURWRN);
-    EXPECT_EQ(s.loops[2], 40);
-    EXPECT_EQ(m_tool.m_numLoops, 20480);
-    EXPECT_EQ(*std::max_element(s.loops.begin(), s.loops.end()), 20480);
-}
-
-TEST_F(KvToolTest, FailureOfTheFunctionEndsThePriorStage) {
+    // A failure of the function ends the prior stage.
+    s = Script();
+    m_tool = kvTool();
     s.result = KV_FUNCFAIL;
     EXPECT_EQ(runAuto({100}), KV_FUNCFAIL);
     EXPECT_EQ(s.loops, (std::vector<int>{1}));
@@ -198,25 +210,6 @@ TEST_F(KvToolTest, RepeatTimingReusesTheFigureJustMade) {
     s.loops.clear();
     EXPECT_EQ(m_tool.repeatTiming(8, 0), KV_OK);  // no repeats: nothing measured
     EXPECT_TRUE(s.loops.empty());
-}
-
-TEST_F(KvToolTest, IterativeUsesTheUserSettings) {
-    m_tool.setMethodBest(100, 200, 1000);
-    s.perCall = {20};
-    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_OK);
-    EXPECT_EQ(s.loops, (std::vector<int>{100, 400}));
-}
-
-TEST_F(KvToolTest, IterativeFromTheHighestStartEndsAtTheLimit) {
-    // Every figure disagrees with the one before: the search doubles to the
-    // limit, repeats there and would go on at four times the count.
-    for (int i = 0; i < 20; ++i) s.perCall.push_back(i % 2 ? 200 : 100);
-    m_tool.setMethodBest(INT_MAX, INT_MAX, 10);
-    EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_ACCURWRN);
-    EXPECT_EQ(s.loops.front(), kvTool::MAX_LOOPS / 8);
-    EXPECT_EQ(*std::max_element(s.loops.begin(), s.loops.end()), kvTool::MAX_LOOPS);
-    EXPECT_EQ(s.loops.back(), kvTool::MAX_LOOPS);
-    EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=16777216 acc=50.0%");
 }
 
 TEST_F(KvToolTest, DoublingPastTheLimitStopsWithTheLastCountUsed) {
@@ -258,23 +251,21 @@ TEST_F(KvToolTest, ManualWithOnlyCallKeepsWarmUpOutsideTheBracket) {
     EXPECT_STREQ(m_tool.m_comment.c_str(), "nLps=10");
 }
 
-TEST_F(KvToolTest, ManualWithoutLoopOrCallFallsBackToStatistic) {
+// Manual without a loop or call runs Statistic with its count, and the other
+// way round.
+TEST_F(KvToolTest, EachMethodFallsBackToTheOtherWithItsCount) {
     m_tool.setMethodLoop(7);
     EXPECT_EQ(m_tool.timing(0, scriptedStat, 0, 0), KV_OK);
     EXPECT_EQ(s.statCalls, 7);
     EXPECT_EQ(s.statClocks, 0);
     EXPECT_EQ(m_tool.m_funcClocks, 100.0);
-    EXPECT_EQ(output(),
-              " ATTENTION! The test cannot execute Manual loop timing.\n"
-              " Statistic timing will be run instead.\n");
-}
-
-TEST_F(KvToolTest, StatisticWithoutStatOrCallFallsBackToManual) {
     m_tool.setMethodStat(12, 5000);
     s.perCall = {30};
     EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_OK);
     EXPECT_EQ(s.loops, (std::vector<int>{12}));
     EXPECT_EQ(output(),
+              " ATTENTION! The test cannot execute Manual loop timing.\n"
+              " Statistic timing will be run instead.\n"
               " ATTENTION! The test cannot execute Statistic timing.\n"
               " Manual loop timing will be run instead.\n");
 }
