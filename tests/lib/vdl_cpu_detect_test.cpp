@@ -2,6 +2,7 @@
 // generations that this machine cannot show.
 #include <map>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -49,60 +50,53 @@ CpuidRegs cacheLeaf(unsigned type, unsigned level, unsigned ways, unsigned sets)
             sets - 1, 0};
 }
 
-int largest(const RecordedCpuid& cpu)
-{
-    return vdl::largestCacheSize(vdl::CpuidView(cpu));
-}
-
 } // namespace
 
-TEST(VdlCacheDetect, DeterministicLeafSkipsInstructionCaches)
+// Each processor answers only the leaves listed; the largest data or
+// unified cache it reports, in bytes.
+TEST(VdlCacheDetect, LargestCacheOfEachWayOfReportingIt)
 {
-    RecordedCpuid cpu(4, 0x80000008u);
-    cpu.set(4, 0, cacheLeaf(1, 1, 8, 64));          // 32 KiB data
-    cpu.set(4, 1, cacheLeaf(2, 1, 16, 16384));      // 16 MiB instruction: ignored
-    cpu.set(4, 2, cacheLeaf(3, 2, 16, 1024));       // 1 MiB unified
-    cpu.set(4, 3, cacheLeaf(3, 3, 16, 8192));       // 8 MiB unified
-    cpu.set(4, 5, cacheLeaf(3, 4, 16, 65536));      // behind the type-0 end: ignored
-    EXPECT_EQ(largest(cpu), 8 * 1024 * 1024);
-}
-
-TEST(VdlCacheDetect, SecondMakerUsesExtendedLeafOnlyWithTopologyFlag)
-{
-    RecordedCpuid cpu(0x10, 0x8000001Fu);           // function 4 answers zeros
-    cpu.set(0x8000001Du, 0, cacheLeaf(1, 1, 8, 64));
-    cpu.set(0x8000001Du, 1, cacheLeaf(3, 3, 16, 32768));
-    cpu.set(0x80000006u, 0, {0, 0, 512u << 16, 0});  // legacy: 512 KiB L2
-    EXPECT_EQ(largest(cpu), 512 * 1024);
-    cpu.set(0x80000001u, 0, {0, 0, 1u << 22, 0});
-    EXPECT_EQ(largest(cpu), 32 * 1024 * 1024);
-}
-
-TEST(VdlCacheDetect, LegacyExtendedLeafTakesTheLargerLevel)
-{
-    RecordedCpuid cpu(1, 0x80000006u);
-    cpu.set(0x80000006u, 0, {0, 0, 1024u << 16, 12u << 18});  // 1 MiB L2, 6 MiB L3
-    EXPECT_EQ(largest(cpu), 6 * 1024 * 1024);
-}
-
-TEST(VdlCacheDetect, DescriptorsBelowFunctionFour)
-{
-    // Largest function 2: the request for function 4 repeats function 2's
-    // answer and must not be decoded as a cache leaf.
-    RecordedCpuid cpu(2, 0);
-    cpu.set(2, 0, {0x002C4301u, 0x0000007Du, 0x80000049u, 0x00000000u});
-    // 0x43 (512 KiB) and 0x7D (2 MiB) count; 0x49 sits in an invalid register.
-    EXPECT_EQ(largest(cpu), 2 * 1024 * 1024);
-}
-
-TEST(VdlCacheDetect, DescriptorRulesForCountByteAndInstructionCaches)
-{
-    EXPECT_EQ(largest(RecordedCpuid(1, 0)), 0);  // nothing reported
-    RecordedCpuid cpu(2, 0);
-    cpu.set(2, 0, {0x000030ECu, 0, 0, 0});  // 0xEC is the count byte; 0x30 an L1I
-    EXPECT_EQ(largest(cpu), 0);
-    cpu.set(2, 0, {0x00000001u, 0x0C0A0000u, 0, 0});
-    EXPECT_EQ(largest(cpu), 16 * 1024);
+    struct Leaf {
+        unsigned function, sub;
+        CpuidRegs regs;
+    };
+    const unsigned topology = 1u << 22;  // function 0x80000001 ecx: extended cache leaf present
+    const struct {
+        const char* what;
+        unsigned maxBasic, maxExtended;
+        std::vector<Leaf> leaves;
+        int size;
+    } cases[] = {
+        {"function 4 skips instruction caches and stops at type 0", 4, 0x80000008u,
+         {{4, 0, cacheLeaf(1, 1, 8, 64)}, {4, 1, cacheLeaf(2, 1, 16, 16384)}, {4, 2, cacheLeaf(3, 2, 16, 1024)},
+          {4, 3, cacheLeaf(3, 3, 16, 8192)}, {4, 5, cacheLeaf(3, 4, 16, 65536)}},
+         8 << 20},
+        // Function 4 answers zeros here; without the topology flag the
+        // extended cache leaf is not read, only the legacy one (512 KiB L2).
+        {"second maker, no topology flag", 0x10, 0x8000001Fu,
+         {{0x8000001Du, 0, cacheLeaf(1, 1, 8, 64)}, {0x8000001Du, 1, cacheLeaf(3, 3, 16, 32768)},
+          {0x80000006u, 0, {0, 0, 512u << 16, 0}}},
+         512 << 10},
+        {"second maker, topology flag", 0x10, 0x8000001Fu,
+         {{0x8000001Du, 0, cacheLeaf(1, 1, 8, 64)}, {0x8000001Du, 1, cacheLeaf(3, 3, 16, 32768)},
+          {0x80000006u, 0, {0, 0, 512u << 16, 0}}, {0x80000001u, 0, {0, 0, topology, 0}}},
+         32 << 20},
+        {"legacy leaf takes the larger level", 1, 0x80000006u, {{0x80000006u, 0, {0, 0, 1024u << 16, 12u << 18}}},
+         6 << 20},
+        // Largest function 2: the request for function 4 repeats function
+        // 2's answer and must not be decoded as a cache leaf. 0x43 (512 KiB)
+        // and 0x7D (2 MiB) count; 0x49 sits in an invalid register.
+        {"descriptors below function 4", 2, 0, {{2, 0, {0x002C4301u, 0x0000007Du, 0x80000049u, 0}}}, 2 << 20},
+        {"nothing reported", 1, 0, {}, 0},
+        {"count byte 0xEC and an instruction cache 0x30", 2, 0, {{2, 0, {0x000030ECu, 0, 0, 0}}}, 0},
+        {"descriptor in a later register", 2, 0, {{2, 0, {0x00000001u, 0x0C0A0000u, 0, 0}}}, 16 << 10},
+    };
+    for (const auto& c : cases) {
+        RecordedCpuid cpu(c.maxBasic, c.maxExtended);
+        for (const Leaf& leaf : c.leaves)
+            cpu.set(leaf.function, leaf.sub, leaf.regs);
+        EXPECT_EQ(vdl::largestCacheSize(vdl::CpuidView(cpu)), c.size) << c.what;
+    }
 }
 
 TEST(VdlCacheDetect, DescriptorTableIsLargestFirst)

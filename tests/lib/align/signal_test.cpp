@@ -23,8 +23,6 @@ std::vector<Vdl16s> randomSignal(std::mt19937& rng, int n)
     return convert<Vdl16s>(randomValues<Vdl16s>(rng, n, -32768, 32767));
 }
 
-std::vector<double> asDouble(const std::vector<Vdl16s>& v) { return {v.begin(), v.end()}; }
-
 TEST(CrossCorr, WholeAndPartialCoefficientsMatchTheFormula)
 {
     std::mt19937 rng(21);

@@ -74,17 +74,6 @@ Rows clusteredRows(std::mt19937& rng, int clusters, int perCluster, int width, R
     return rows;
 }
 
-// Rows into one buffer, `step` elements a row, the gaps poisoned.
-template <class T>
-std::vector<T> flatten(const Rows& rows, int step)
-{
-    std::vector<T> flat(rows.size() * step, poison<T>());
-    for (size_t i = 0; i < rows.size(); ++i)
-        for (size_t k = 0; k < rows[i].size(); ++k)
-            flat[i * step + k] = static_cast<T>(rows[i][k]);
-    return flat;
-}
-
 // Writes `value` into the bit string of packed indices: `bits` bits from
 // bit `first`, the most significant bit of each byte first.
 inline void writeBits(std::vector<Vdl8u>& bytes, long long first, int bits, int value)

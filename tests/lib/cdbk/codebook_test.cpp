@@ -31,7 +31,7 @@ protected:
                              Vdl_Cdbk_Hint hint)
     {
         const int width = static_cast<int>(rows[0].size());
-        const std::vector<T> flat = flatten<T>(rows, step);
+        const std::vector<T> flat = rowsOf<T>(rows, step).flat;
         const std::vector<T> wgt = convert<T>(w);
         typename A::State* state = nullptr;
         const VdlStatus s =

@@ -27,7 +27,7 @@ protected:
             Rows rows(sizes[c]);
             for (auto& r : rows)
                 r = randomValues<T>(rng, widths[c], -50, 50);
-            const std::vector<T> flat = flatten<T>(rows, widths[c]);
+            const std::vector<T> flat = rowsOf<T>(rows, widths[c]).flat;
             typename A::State* cdbk = nullptr;
             ASSERT_EQ(A::initL2(&cdbk, flat.data(), widths[c], widths[c], sizes[c], sizes[c],
                                 vdlCdbkHintFull),
@@ -89,7 +89,7 @@ TYPED_TEST(Split, IndicesOfEachTypeNameTheNearestCodewordsAndRebuildThem)
     using Fn = Api<T>;
     const int n = 3, h = this->height, rowBits = 3 + 5 + 0 + 3;  // three spare bits a row
     const auto* table = this->table.data();
-    const std::vector<T> src = flatten<T>(this->vectors, this->step);
+    const std::vector<T> src = rowsOf<T>(this->vectors, this->step).flat;
     std::vector<Vdl16s> idx16(h * 4, -1);
     std::vector<Vdl8u> idx8(h * 4, 255), packed(h * 2, 0xA5), want(packed);
     ASSERT_EQ(Fn::split16(src.data(), this->step, idx16.data(), 4, h, table, n), vdlStsNoErr);

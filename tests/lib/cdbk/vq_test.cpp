@@ -23,7 +23,7 @@ protected:
         for (auto& r : rows)
             r = randomValues<T>(rng, width, -60, 60);
         weights = randomValues<T>(rng, width, 0, 3);
-        const std::vector<T> flat = flatten<T>(rows, width), wgt = convert<T>(weights);
+        const std::vector<T> flat = rowsOf<T>(rows, width).flat, wgt = convert<T>(weights);
         ASSERT_EQ(A::initWgt(&cdbk, flat.data(), wgt.data(), width, width, size, size,
                              vdlCdbkHintFull),
                   vdlStsNoErr);
@@ -61,7 +61,7 @@ TYPED_TEST(Search, EachRowFindsItsNearestCodeword)
                 Rows rows(height);
                 for (auto& r : rows)
                     r = randomValues<T>(rng, width, -70, 70);
-                const std::vector<T> flat = flatten<T>(rows, step);
+                const std::vector<T> flat = rowsOf<T>(rows, step).flat;
                 std::vector<Vdl32s> index(height, -1), index2(height, -1);
                 std::vector<D> dist(height);
                 ASSERT_EQ(Api<T>::vq(flat.data(), step, index.data(), height, this->cdbk), vdlStsNoErr);

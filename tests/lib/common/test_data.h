@@ -15,7 +15,6 @@
 
 namespace vdltest {
 
-
 // What a layout puts where no row element lies; a function that reads it
 // gives a visibly wrong result.
 template <class T>
@@ -68,6 +67,22 @@ struct RowSet {
     std::vector<std::vector<T>> rows;
     std::vector<const T*> table;
 };
+
+// Rows of equal length laid out both ways.
+template <class T>
+RowSet<T> rowsOf(const std::vector<std::vector<double>>& rows, int step)
+{
+    std::vector<double> v;
+    for (const auto& r : rows)
+        v.insert(v.end(), r.begin(), r.end());
+    return RowSet<T>(v, static_cast<int>(rows.size()), static_cast<int>(rows[0].size()), step);
+}
+
+template <class T>
+std::vector<double> asDouble(const std::vector<T>& v)
+{
+    return {v.begin(), v.end()};
+}
 
 // Round to nearest, halves away from zero, saturated to the range of T.
 template <class T>

@@ -113,6 +113,8 @@ protected:
 using Types = ::testing::Types<Vdl32f, Vdl16s>;
 TYPED_TEST_SUITE(DeltaForms, Types);
 
+// Plain forms scale each block by its one multiplier, Mul forms every
+// column by its own; either leaves the row padding alone.
 TYPED_TEST(DeltaForms, DeltaAndDoubleDeltaFollowTheRegression)
 {
     using T = TypeParam;
@@ -120,48 +122,34 @@ TYPED_TEST(DeltaForms, DeltaAndDoubleDeltaFollowTheRegression)
     for (const Shape& s : shapes)
         for (int w = 1; w <= 2; ++w)
             for (int blocks = 2; blocks <= 3; ++blocks)
-                for (int sf : F::scaleFactors) {
-                    const Matrix x = this->frames(s.height, s.width);
-                    const std::vector<T> src = this->packed(x);
-                    const int step = blocks * s.width + 3;
-                    std::vector<T> dst(size_t(s.height) * step, poison<T>());
-                    const double v1 = F::val, v2 = 2 * F::val;
-                    ASSERT_EQ(vdlStsNoErr,
-                              blocks == 2 ? callScaled(F::delta[w - 1], sf, src.data(), s.width, dst.data(), step,
-                                                       s.height, v1, 3)
-                                          : callScaled(F::deltaDelta[w - 1], sf, src.data(), s.width, dst.data(),
-                                                       step, s.height, v1, v2, 3));
-                    const Matrix d = regression(x, w), dd = regression(d, w);
-                    this->expectBlocks(dst, step, s.height, s.width, blocks, sf, [&](int b, int t, int k) {
-                        return b == 0 ? x[t][k] * std::ldexp(1.0, sf) : b == 1 ? v1 * d[t][k] : v2 * dd[t][k];
-                    });
-                    // The row padding is never written.
-                    const T p = poison<T>();
-                    for (int t = 0; t < s.height; ++t)
-                        for (int k = blocks * s.width; k < step; ++k)
-                            EXPECT_EQ(0, std::memcmp(&dst[size_t(t) * step + k], &p, sizeof(T)));
-                }
-}
-
-TYPED_TEST(DeltaForms, MulFormsMultiplyEveryBlockByItsColumn)
-{
-    using T = TypeParam;
-    using F = Forms<T>;
-    for (const Shape& s : shapes)
-        for (int w = 1; w <= 2; ++w)
-            for (bool dd : {false, true})
-                for (int sf : F::scaleFactors) {
-                    const Matrix x = this->frames(s.height, s.width);
-                    const std::vector<T> src = this->packed(x), val = this->multipliers(3 * s.width, -3);
-                    const int step = 3 * s.width + 1;
-                    std::vector<T> dst(size_t(s.height) * step, poison<T>());
-                    ASSERT_EQ(vdlStsNoErr, callScaled((dd ? F::deltaDeltaMul : F::deltaMul)[w - 1], sf, src.data(),
-                                                      val.data(), s.width, dst.data(), step, s.height, 3));
-                    const Matrix d = regression(x, w), d2 = regression(d, w);
-                    this->expectBlocks(dst, step, s.height, s.width, dd ? 3 : 2, sf, [&](int b, int t, int k) {
-                        return val[b * s.width + k] * (b == 0 ? x : b == 1 ? d : d2)[t][k];
-                    });
-                }
+                for (bool mul : {false, true})
+                    for (int sf : F::scaleFactors) {
+                        const Matrix x = this->frames(s.height, s.width);
+                        const std::vector<T> src = this->packed(x), val = this->multipliers(3 * s.width, -3);
+                        const int step = blocks * s.width + 3;
+                        const bool dd = blocks == 3;
+                        std::vector<T> dst(size_t(s.height) * step, poison<T>());
+                        const double v1 = F::val, v2 = 2 * F::val;
+                        ASSERT_EQ(vdlStsNoErr,
+                                  mul  ? callScaled((dd ? F::deltaDeltaMul : F::deltaMul)[w - 1], sf, src.data(),
+                                                    val.data(), s.width, dst.data(), step, s.height, 3)
+                                  : dd ? callScaled(F::deltaDelta[w - 1], sf, src.data(), s.width, dst.data(), step,
+                                                    s.height, v1, v2, 3)
+                                       : callScaled(F::delta[w - 1], sf, src.data(), s.width, dst.data(), step,
+                                                    s.height, v1, 3));
+                        const Matrix d = regression(x, w), d2 = regression(d, w);
+                        this->expectBlocks(dst, step, s.height, s.width, blocks, sf, [&](int b, int t, int k) {
+                            const double factor = mul      ? double(val[b * s.width + k])
+                                                  : b == 0 ? std::ldexp(1.0, sf)
+                                                  : b == 1 ? v1
+                                                           : v2;
+                            return factor * (b == 0 ? x : b == 1 ? d : d2)[t][k];
+                        });
+                        const T p = poison<T>();
+                        for (int t = 0; t < s.height; ++t)
+                            for (int k = blocks * s.width; k < step; ++k)
+                                EXPECT_EQ(0, std::memcmp(&dst[size_t(t) * step + k], &p, sizeof(T)));
+                    }
 }
 
 // With a bit of deltaMode clear, the rows at that end lack a full window:

@@ -183,9 +183,6 @@ std::vector<double> offsetModel(const std::vector<double>& x, int len, double po
     return y;
 }
 
-template <class T>
-std::vector<double> asDouble(const std::vector<T>& v) { return {v.begin(), v.end()}; }
-
 TEST(CompensateOffset, FollowsTheDifferenceEquationAcrossFrames)
 {
     std::mt19937 rng(6);

@@ -2,6 +2,7 @@
 #ifndef VDL_TESTS_GAUSS_REFERENCE_H
 #define VDL_TESTS_GAUSS_REFERENCE_H
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -16,11 +17,13 @@ namespace gaussref {
 
 using namespace vdltest;
 
+// log(exp(a) + exp(b)), carried in long double.
 inline double logAdd(double a, double b)
 {
-    const double hi = std::max(a, b);
-    const double lo = std::min(a, b);
-    return lo == -INFINITY ? hi : hi + std::log1p(std::exp(lo - hi));
+    const long double hi = std::max(a, b), lo = std::min(a, b);
+    if (lo == -INFINITY)
+        return static_cast<double>(hi);
+    return static_cast<double>(hi + std::log1p(std::exp(lo - hi)));
 }
 
 enum class Var { Precision, Unit, Direct };

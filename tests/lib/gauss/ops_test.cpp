@@ -200,7 +200,7 @@ TYPED_TEST(GaussianOps, RefusedCallsWriteNothingAndRaiseNoFlag)
     }
 }
 
-TEST(BhatDist, AllFormsMatchTheClosedForm)
+TEST(BhatDist, AllFormsMatchTheClosedFormAndRefuseBadArguments)
 {
     std::mt19937 rng(9);
     const int len = 17;
@@ -234,17 +234,15 @@ TEST(BhatDist, AllFormsMatchTheClosedForm)
     ASSERT_EQ(vdlsBhatDist_32f64f(m1.data(), v1.data(), m1.data(), v1.data(), len, &d),
               vdlStsNoErr);
     EXPECT_NEAR(d, 0, 1e-12);
-}
 
-TEST(BhatDist, RefusesBadArgumentsWithoutWriting)
-{
-    const float m[3] = {0, 1, 2}, v[3] = {1, 1, 1}, bad[3] = {1, 0, 1};
-    Vdl32f f = 3;
-    Vdl64f d = 3;
-    EXPECT_EQ(vdlsBhatDist_32f(m, v, m, bad, 3, &f), vdlStsBadArgErr);
-    EXPECT_EQ(vdlsBhatDistSLog_32f64f(m, bad, m, v, 3, &d, 0, 0), vdlStsBadArgErr);
-    EXPECT_EQ(vdlsBhatDist_32f(m, v, m, v, 0, &f), vdlStsSizeErr);
-    EXPECT_EQ(vdlsBhatDist_32f64f(m, v, nullptr, v, 3, &d), vdlStsNullPtrErr);
+    // Refused: a zero variance, no length, no second mean; nothing written.
+    auto bad = v1;
+    bad[1] = 0;
+    f = 3, d = 3;
+    EXPECT_EQ(vdlsBhatDist_32f(m1.data(), v1.data(), m2.data(), bad.data(), len, &f), vdlStsBadArgErr);
+    EXPECT_EQ(vdlsBhatDistSLog_32f64f(m1.data(), bad.data(), m2.data(), v2.data(), len, &d, 0, 0), vdlStsBadArgErr);
+    EXPECT_EQ(vdlsBhatDist_32f(m1.data(), v1.data(), m2.data(), v2.data(), 0, &f), vdlStsSizeErr);
+    EXPECT_EQ(vdlsBhatDist_32f64f(m1.data(), v1.data(), nullptr, v2.data(), len, &d), vdlStsNullPtrErr);
     EXPECT_EQ(f, 3);
     EXPECT_EQ(d, 3);
 }

@@ -400,39 +400,36 @@ INSTANTIATE_TEST_SUITE_P(EveryForm, GaussScoring, ::testing::ValuesIn(entries())
                              return info.param.name.substr(4);
                          });
 
-TEST(GaussScoringEdges, IntegerScoresRoundHalvesAwayFromZeroAndSaturate)
+// Hand-worked integer scores: halves round away from zero, the widest
+// distance with the largest precision (and with a negative one) saturates,
+// and scale factors beyond any shift stay defined.
+TEST(GaussScoringEdges, IntegerScoresRoundSaturateAndTakeAnyScaleFactor)
 {
-    const Vdl16s x[1] = {3}, m[1] = {0}, w[1] = {1};
-    Vdl32s r = 0;
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(x, m, w, 1, &r, 0, 0), vdlStsNoErr);
-    EXPECT_EQ(r, -5);  // -4.5
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(x, m, w, 1, &r, 10, 0), vdlStsNoErr);
-    EXPECT_EQ(r, 6);  // 5.5
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(x, m, w, 1, &r, 0, 1), vdlStsNoErr);
-    EXPECT_EQ(r, -2);  // -2.25
-
-    // The widest distance with the largest precision, and with a negative one.
+    const Vdl16s three[1] = {3}, zero[1] = {0}, one[1] = {1};
     const Vdl16s hi[4] = {32767, 32767, 32767, 32767}, lo[4] = {-32768, -32768, -32768, -32768};
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(hi, lo, hi, 4, &r, 0, 0), vdlStsNoErr);
-    EXPECT_EQ(r, INT_MIN);
-    ASSERT_EQ(vdlsLogGaussSingle_Low_16s32s_Sfs(hi, lo, hi, 4, &r, 0, 0), vdlStsNoErr);
-    EXPECT_EQ(r, INT_MIN);
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(hi, lo, lo, 4, &r, 0, 0), vdlStsNoErr);
-    EXPECT_EQ(r, INT_MAX);
-}
-
-TEST(GaussScoringEdges, ExtremeScaleFactorsStayDefined)
-{
-    const Vdl16s x[2] = {5, -5}, m[2] = {5, -5}, w[2] = {3, 3};
-    Vdl32s r = 0;
-    // A perfect match scores val at any scale.
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(x, m, w, 2, &r, 42, INT_MIN), vdlStsNoErr);
-    EXPECT_EQ(r, 42);
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(x, m, w, 2, &r, 42, INT_MAX), vdlStsNoErr);
-    EXPECT_EQ(r, 42);
-    const Vdl16s off[2] = {6, -5};
-    ASSERT_EQ(vdlsLogGaussSingle_16s32s_Sfs(off, m, w, 2, &r, 42, INT_MIN), vdlStsNoErr);
-    EXPECT_EQ(r, INT_MIN);
+    const Vdl16s x[2] = {5, -5}, w[2] = {3, 3}, off[2] = {6, -5};
+    const struct {
+        const Vdl16s *x, *m, *w;
+        int len, val, sf;
+        bool low;
+        Vdl32s want;
+    } cases[] = {
+        {three, zero, one, 1, 0, 0, false, -5},  // -4.5
+        {three, zero, one, 1, 10, 0, false, 6},  // 5.5
+        {three, zero, one, 1, 0, 1, false, -2},  // -2.25
+        {hi, lo, hi, 4, 0, 0, false, INT_MIN},
+        {hi, lo, hi, 4, 0, 0, true, INT_MIN},
+        {hi, lo, lo, 4, 0, 0, false, INT_MAX},
+        {x, x, w, 2, 42, INT_MIN, false, 42},  // a perfect match scores val at any scale
+        {x, x, w, 2, 42, INT_MAX, false, 42},
+        {off, x, w, 2, 42, INT_MIN, false, INT_MIN},
+    };
+    for (const auto& c : cases) {
+        Vdl32s r = 0;
+        const auto score = c.low ? vdlsLogGaussSingle_Low_16s32s_Sfs : vdlsLogGaussSingle_16s32s_Sfs;
+        ASSERT_EQ(score(c.x, c.m, c.w, c.len, &r, c.val, c.sf), vdlStsNoErr);
+        EXPECT_EQ(r, c.want) << "x[0] " << c.x[0] << " val " << c.val << " sf " << c.sf << " low " << c.low;
+    }
 }
 
 TEST(GaussScoringEdges, LogAddIntoMinusInfinityGivesThePlainScore)

@@ -10,19 +10,13 @@
 #include <limits>
 #include <vector>
 
+#include "../gauss/gauss_reference.h"
 #include "test_data.h"
 
 namespace logselref {
 
 using namespace vdltest;
-
-inline double logAdd(double a, double b)
-{
-    const long double hi = std::max(a, b), lo = std::min(a, b);
-    if (lo == -INFINITY)
-        return static_cast<double>(hi);
-    return static_cast<double>(hi + std::log1p(std::exp(lo - hi)));
-}
+using gaussref::logAdd;
 
 // log(exp(a) - exp(b)) for a > b.
 inline double logSub(double a, double b)

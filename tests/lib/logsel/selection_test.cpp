@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include "../gauss/gauss_reference.h"
 #include "logsel_reference.h"
 #include "scaled_call.h"
 #include "vdlsr.h"
@@ -36,11 +35,7 @@ struct Shortlists {
 
 std::vector<int> randomInts(std::mt19937& rng, int count, int lo, int hi)
 {
-    std::uniform_int_distribution<int> dist(lo, hi);
-    std::vector<int> v(count);
-    for (int& x : v)
-        x = dist(rng);
-    return v;
+    return convert<int>(randomValues<int>(rng, count, lo, hi));
 }
 
 // Mixture bits from shift on, of every height, up to the last bit of a row.
