@@ -15,7 +15,9 @@
 
 #include <gmock/gmock.h>
 
+using ::testing::ContainsRegex;
 using ::testing::ElementsAre;
+using ::testing::MatchesRegex;
 using ::testing::HasSubstr;
 
 namespace {
@@ -281,13 +283,13 @@ TEST_F(KvToolTest, StatisticThroughCallCountsOnlyTimedPasses) {
 TEST_F(KvToolTest, MissingFunctionsOrMethodAreInternalProblems) {
     EXPECT_EQ(m_tool.timing(0, 0, 0, countingInit), KV_FAIL);
     EXPECT_EQ(m_tool.timing(0, scriptedStat, 0, 0), KV_FAIL);  // Auto needs a loop or a call
-    EXPECT_EQ(output(),
-              " Internal test problem: The test cannot execute standard timing.\n"
-              " No one of funcLoop, funcStat or funcCall is registered in the test.\n"
-              "KV internal error: file api/src/kvtool, line 248\n");
+    // The line numbers are the source's own, so only their form is checked.
+    EXPECT_THAT(output(), MatchesRegex(" Internal test problem: The test cannot execute standard timing.\n"
+                                       " No one of funcLoop, funcStat or funcCall is registered in the test.\n"
+                                       "KV internal error: file api/src/kvtool, line [0-9]+\n"));
     m_tool.m_method = 9;
     EXPECT_EQ(m_tool.timing(scriptedLoop, 0, 0, 0), KV_FAIL);
-    EXPECT_THAT(output(), HasSubstr("line 746\n"));
+    EXPECT_THAT(output(), ContainsRegex("KV internal error: file api/src/kvtool, line [0-9]+\n$"));
 }
 
 TEST_F(KvToolTest, SetUseTimesTheCallAndIgnoresTheLoop) {
